@@ -43,15 +43,23 @@ void Prepare(sqlite3* db, const std::string& path, const char* sql) {
 }  // namespace
 
 Database Database::Open(const std::string& path) {
-    detail::CheckDatabaseFile(path);
+    detail::CheckDatabaseFile(path, true);
     sqlite3* db = OpenHandle(path, SQLITE_OPEN_READWRITE);
-    // Reading the schema catches files the header check lets through.
-    Prepare(db, path, "SELECT count(*) FROM sqlite_master; PRAGMA journal_mode=WAL;");
+    if (sqlite3_db_readonly(db, "main") == 1) {
+        sqlite3_close(db);
+        throw Error(path, "the database file is read-only");
+    }
+    // Reading the schema catches files the header check lets through. With
+    // the write-ahead log, synchronous=NORMAL cannot corrupt the file; a power
+    // cut may only lose the last transactions.
+    Prepare(db, path,
+            "SELECT count(*) FROM sqlite_master; PRAGMA journal_mode=WAL; "
+            "PRAGMA synchronous=NORMAL;");
     return Database(db, path);
 }
 
 Database Database::OpenReadOnly(const std::string& path) {
-    detail::CheckDatabaseFile(path);
+    detail::CheckDatabaseFile(path, false);
     sqlite3* db = OpenHandle(path, SQLITE_OPEN_READONLY);
     Prepare(db, path, "PRAGMA trusted_schema=OFF; SELECT count(*) FROM sqlite_master;");
     return Database(db, path);

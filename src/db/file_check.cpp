@@ -19,7 +19,7 @@ uint32_t BigEndian(const unsigned char* p, int bytes) {
 
 }  // namespace
 
-void CheckDatabaseFile(const std::string& path) {
+void CheckDatabaseFile(const std::string& path, bool forWriting) {
     namespace fs = std::filesystem;
     std::error_code ec;
     auto status = fs::status(path, ec);
@@ -29,11 +29,12 @@ void CheckDatabaseFile(const std::string& path) {
     if (ec) throw Error(path, "cannot read the file size: " + ec.message());
     if (size == 0) throw Error(path, "empty file, not a database");
     if (IsJetFile(path))
-        throw Error(path,
-                    "a Jet (.mdb/.accdb) database cannot be written; convert it first with "
-                    "\"fytable import-mdb SOURCE DEST.db\"");
+        throw Error(path, std::string("a Jet (.mdb/.accdb) database cannot be ") +
+                              (forWriting ? "written" : "opened directly") +
+                              "; convert it first with \"fytable import-mdb SOURCE DEST.db\"");
 
     std::ifstream in(path, std::ios::binary);
+    if (!in) throw Error(path, "cannot read the file");
     unsigned char header[100] = {};
     in.read(reinterpret_cast<char*>(header), sizeof header);
     if (in.gcount() < 100 || std::memcmp(header, "SQLite format 3", 16) != 0)

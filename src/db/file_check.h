@@ -9,7 +9,7 @@ namespace kwfy::db::detail {
 
 // Throws Error naming the file when it is not an SQLite database that can be
 // opened: missing, a folder, empty, a Jet file, a foreign format or shorter
-// than its header says.
-void CheckDatabaseFile(const std::string& path);
+// than its header says. forWriting only shapes the message for Jet files.
+void CheckDatabaseFile(const std::string& path, bool forWriting);
 
 }  // namespace kwfy::db::detail
