@@ -45,9 +45,16 @@ TEST(Schema, HotQueriesUseAnIndex) {
          {"SELECT * FROM Items_Price WHERE ItemsID=1 AND Key='$A$'",
           "SELECT * FROM Items_Price WHERE Key='$A$'",
           "SELECT * FROM FY WHERE WorkID=1 AND QFClass='A' AND NodeID=0 ORDER BY Code",
-          "SELECT * FROM FY_Mark WHERE WorkID=1 AND MarkKey='M' AND QFClass='A'"}) {
+          "SELECT * FROM FY_Mark WHERE WorkID=1 AND MarkKey='M' AND QFClass='A'",
+          "SELECT Key, Sum(Items_Price.Price) AS SumPrice FROM Items_Price LEFT JOIN Items ON "
+          "Items_Price.ItemsID=Items.ID WHERE WorkID=1 AND QFClass='A' GROUP BY Items_Price.Key"}) {
         auto plan = db.Query(std::string("EXPLAIN QUERY PLAN ") + query);
-        EXPECT_NE(plan.Text("detail").find("USING INDEX"), std::string::npos) << query;
+        for (; !plan.Eof(); plan.MoveNext()) {
+            std::string step = plan.Text("detail");
+            if (step.rfind("SCAN", 0) == 0) {
+                EXPECT_NE(step.find("USING"), std::string::npos) << query << ": " << step;
+            }
+        }
     }
 }
 
