@@ -23,12 +23,14 @@ struct Frame {
     std::vector<std::string> items;
     std::vector<std::string> valueTexts;
 
-    bool Complete() const { return single ? !valueTexts.empty() : valueTexts.size() == items.size(); }
+    bool Complete() const {
+        return single ? !valueTexts.empty() : valueTexts.size() == items.size();
+    }
     void Accept(double v) { valueTexts.push_back(PlainNumber(v)); }
 };
 
 class Calculation {
-public:
+  public:
     explicit Calculation(std::vector<FeeCalcRow>& rows)
         : rows_(rows), states_(rows.size(), RowState::kPending), selfRef_(rows.size(), false) {
         codes_.reserve(rows.size());
@@ -70,7 +72,7 @@ public:
         return value;
     }
 
-private:
+  private:
     int Lookup(std::string_view item) const {
         item = StripSquareBrackets(item);
         if (item.empty()) return -1;
@@ -97,7 +99,8 @@ private:
         Frame f;
         f.row = m;
         f.format = format;
-        size_t close = formula.size() >= 2 ? formula.rfind(')', formula.size() - 2) : std::string::npos;
+        size_t close =
+            formula.size() >= 2 ? formula.rfind(')', formula.size() - 2) : std::string::npos;
         if (close != std::string::npos && formula[close + 1] == '*' && formula[0] == '(') {
             f.suffix = formula.substr(close + 1);
             f.working = formula.substr(1, close - 1);

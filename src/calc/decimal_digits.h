@@ -33,7 +33,7 @@ struct DecimalDigits {
     // Exponent notation: "1.5E+20", "1E-16".
     std::string Scientific() const;
 
-private:
+  private:
     void StripTrailingZeros();
 };
 

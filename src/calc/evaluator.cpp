@@ -23,23 +23,35 @@ constexpr Relation kPrecedence[7][7] = {
 
 int OperatorIndex(char c) {
     switch (c) {
-        case '+': return 0;
-        case '-': return 1;
-        case '*': return 2;
-        case '/': return 3;
-        case '(': return 4;
-        case ')': return 5;
-        case '#': return 6;
-        default: return -1;
+        case '+':
+            return 0;
+        case '-':
+            return 1;
+        case '*':
+            return 2;
+        case '/':
+            return 3;
+        case '(':
+            return 4;
+        case ')':
+            return 5;
+        case '#':
+            return 6;
+        default:
+            return -1;
     }
 }
 
 double Apply(double a, char op, double b) {
     switch (op) {
-        case '+': return a + b;
-        case '-': return a - b;
-        case '*': return a * b;
-        default: return b == 0 ? a : a / b;
+        case '+':
+            return a + b;
+        case '-':
+            return a - b;
+        case '*':
+            return a * b;
+        default:
+            return b == 0 ? a : a / b;
     }
 }
 

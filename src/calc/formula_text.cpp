@@ -12,11 +12,17 @@ constexpr std::string_view kFullOpen = "\xEF\xBC\x88";   // "（"
 constexpr std::string_view kFullClose = "\xEF\xBC\x89";  // "）"
 constexpr int kMaxMemberNumber = 32767;
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
-bool IsRangeBoundChar(char c) { return IsDigit(c) || c == ']' || IsOperatorChar(c); }
+bool IsRangeBoundChar(char c) {
+    return IsDigit(c) || c == ']' || IsOperatorChar(c);
+}
 
 // Reads a range bound: the leading number of the text, when it is a member
 // number.
@@ -67,7 +73,9 @@ bool IsOperatorChar(char c) {
     return c == '+' || c == '-' || c == '*' || c == '/' || c == '(' || c == ')';
 }
 
-bool IsOperator(std::string_view text) { return text.size() == 1 && IsOperatorChar(text[0]); }
+bool IsOperator(std::string_view text) {
+    return text.size() == 1 && IsOperatorChar(text[0]);
+}
 
 std::vector<std::string> SplitFormula(std::string_view formula) {
     // Positions are those of "@" + formula + "@": 0 and n + 1 are the guards.
@@ -167,7 +175,8 @@ std::string ReplaceItem(std::string_view formula, std::string_view item, std::st
     return out;
 }
 
-std::string ReplaceText(std::string_view text, std::string_view find, std::string_view replacement) {
+std::string ReplaceText(std::string_view text, std::string_view find,
+                        std::string_view replacement) {
     if (find.empty()) return std::string(text);
     std::string out;
     size_t from = 0;

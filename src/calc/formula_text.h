@@ -41,7 +41,7 @@ std::string_view StripSquareBrackets(std::string_view item);
 
 // Most members that one ExpandRange call generates in total. A range that
 // would take the total past it is left unexpanded.
-inline constexpr int kMaxRangeMembers = 4096;
+inline constexpr int kMaxRangeMembers = 1024;
 
 // Expands every range shorthand "first op ... op last" into the members
 // first..last joined by op: "[1]+...+[5]" gives "[1]+[2]+[3]+[4]+[5]",

@@ -10,14 +10,18 @@
 namespace kwfy::calc {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Reads a run of digits and at most one "." without blanks.
 double ParseRun(std::string_view run, bool negative) {
     double v = 0;
-    auto [ptr, ec] = std::from_chars(run.data(), run.data() + run.size(), v,
-                                     std::chars_format::fixed);
+    auto [ptr, ec] =
+        std::from_chars(run.data(), run.data() + run.size(), v, std::chars_format::fixed);
     if (ec == std::errc::result_out_of_range) {
         // Overflow when a non-zero digit stands before the point, else underflow.
         auto point = std::min(run.find('.'), run.size());
@@ -94,8 +98,8 @@ std::optional<double> StrictNumber(std::string_view text) {
     }
     if (text.empty() || !(IsDigit(text[0]) || text[0] == '.')) return std::nullopt;
     double v = 0;
-    auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), v,
-                                     std::chars_format::general);
+    auto [ptr, ec] =
+        std::from_chars(text.data(), text.data() + text.size(), v, std::chars_format::general);
     if (ec != std::errc() || ptr != text.data() + text.size()) return std::nullopt;
     return negative ? -v : v;
 }
@@ -113,7 +117,9 @@ std::string FormatValue(double x, std::string_view pattern) {
     return FormatNumber(x, pattern);
 }
 
-std::string Format0000(double x) { return FormatNumber(x, "0.0000"); }
+std::string Format0000(double x) {
+    return FormatNumber(x, "0.0000");
+}
 
 double RoundAsFormatted(double x, std::string_view pattern) {
     return Val(FormatValue(x, pattern));

@@ -15,22 +15,44 @@ TEST(EvalExpression, ArithmeticAndPrecedence) {
         const char* text;
         double want;
     } cases[] = {
-        {"2+3*4", 14},     {"(2+3)*4", 20},    {"10-4-3", 3},       {"8/2/2", 2},
-        {"-5*3", -15},     {"2*(0-3)", -6},    {"7/0", 7},          {"(1+2", 0},
-        {"1+2)", 0},       {"", 0},            {"3 4", 34},         {"abc", 0},
-        {"abc+2", 2},      {"5+", 5},          {"*5", 5},           {"5-", 5},
-        {"12.5*2", 25},    {"((((1))))", 1},   {"2*3-4/2", 4},      {"1-(2-3)", 2},
-        {"(50+100)*0.1000", 15}, {"0-(100)*2", -200}, {"()", 0},    {")(", 0},
-        {"1+2#+5", 3},     {"(1#", 0},         {"1e3", 1},          {"1.5.5+1", 2.5},
-        {"-", 0},          {"+", 0},           {"(0-2)*(0-3)", 6},  {"10/(5-5)", 10},
+        {"2+3*4", 14},
+        {"(2+3)*4", 20},
+        {"10-4-3", 3},
+        {"8/2/2", 2},
+        {"-5*3", -15},
+        {"2*(0-3)", -6},
+        {"7/0", 7},
+        {"(1+2", 0},
+        {"1+2)", 0},
+        {"", 0},
+        {"3 4", 34},
+        {"abc", 0},
+        {"abc+2", 2},
+        {"5+", 5},
+        {"*5", 5},
+        {"5-", 5},
+        {"12.5*2", 25},
+        {"((((1))))", 1},
+        {"2*3-4/2", 4},
+        {"1-(2-3)", 2},
+        {"(50+100)*0.1000", 15},
+        {"0-(100)*2", -200},
+        {"()", 0},
+        {")(", 0},
+        {"1+2#+5", 3},
+        {"(1#", 0},
+        {"1e3", 1},
+        {"1.5.5+1", 2.5},
+        {"-", 0},
+        {"+", 0},
+        {"(0-2)*(0-3)", 6},
+        {"10/(5-5)", 10},
     };
     for (const auto& c : cases) EXPECT_DOUBLE_EQ(EvalExpression(c.text), c.want) << c.text;
 }
 
 TEST(EvalExpression, BeyondTheStackCapacityGivesZero) {
-    auto nested = [](int depth) {
-        return std::string(depth, '(') + "1" + std::string(depth, ')');
-    };
+    auto nested = [](int depth) { return std::string(depth, '(') + "1" + std::string(depth, ')'); };
     EXPECT_EQ(EvalExpression(nested(kEvalStackCapacity - 2)), 1);
     EXPECT_EQ(EvalExpression(nested(kEvalStackCapacity + 5)), 0);
     EXPECT_EQ(EvalExpression(nested(100000)), 0);
@@ -46,7 +68,7 @@ namespace {
 // unary minus, no division by a value that may be zero (divisors are
 // numbers), nesting well within the stack capacity.
 class ExpressionMaker {
-public:
+  public:
     explicit ExpressionMaker(unsigned seed) : rng_(seed) {}
 
     std::string Make(int depth) {
@@ -57,7 +79,7 @@ public:
         return out;
     }
 
-private:
+  private:
     std::string Term(int depth) {
         if (depth > 0 && Pick(0, 2) == 0) return "(" + Make(depth - 1) + ")";
         return Number(false);

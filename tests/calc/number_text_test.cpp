@@ -12,11 +12,10 @@ TEST(Val, ReadsTheLeadingNumberLeniently) {
         const char* text;
         double want;
     } cases[] = {
-        {"", 0},          {"abc", 0},       {"12.5", 12.5},   {"3 4", 34},
-        {" - 5", -5},     {"+7x", 7},       {"1.2.3", 1.2},   {"1E5", 1},
-        {".5", 0.5},      {"5.", 5},        {".", 0},         {"-", 0},
-        {"12]+...", 12},  {"1\t0\n0", 100}, {"0-5", 0},       {"007", 7},
-        {"2 . 5", 2.5},   {"-.25*4", -0.25},
+        {"", 0},    {"abc", 0},     {"12.5", 12.5},    {"3 4", 34},      {" - 5", -5},
+        {"+7x", 7}, {"1.2.3", 1.2}, {"1E5", 1},        {".5", 0.5},      {"5.", 5},
+        {".", 0},   {"-", 0},       {"12]+...", 12},   {"1\t0\n0", 100}, {"0-5", 0},
+        {"007", 7}, {"2 . 5", 2.5}, {"-.25*4", -0.25},
     };
     for (const auto& c : cases) EXPECT_EQ(Val(c.text), c.want) << c.text;
     EXPECT_TRUE(std::isinf(Val(std::string(400, '9'))));
@@ -56,7 +55,8 @@ TEST(FormatValue, RoundsHalfAwayFromZeroOnDecimalDigits) {
         {0.05, "0.0000", "0.0500"},
         {1234.5, "bogus", "1234.50"},
     };
-    for (const auto& c : cases) EXPECT_EQ(FormatValue(c.x, c.pattern), c.want) << c.x << " " << c.pattern;
+    for (const auto& c : cases)
+        EXPECT_EQ(FormatValue(c.x, c.pattern), c.want) << c.x << " " << c.pattern;
     EXPECT_EQ(FormatValue(std::numeric_limits<double>::infinity(), "0.00"), "");
     EXPECT_EQ(FormatValue(std::nan(""), "0.00"), "");
     EXPECT_EQ(Format0000(0), "0.0000");
@@ -69,9 +69,13 @@ TEST(PlainNumber, IsDecimalWithoutExponent) {
         double x;
         const char* want;
     } cases[] = {
-        {0, "0"},           {0.1, "0.1"},          {-12.5, "-12.5"},
-        {1e-7, "0.0000001"}, {1e20, "100000000000000000000"},
-        {1.0 / 3, "0.333333333333333"}, {123456789.123456789, "123456789.123457"},
+        {0, "0"},
+        {0.1, "0.1"},
+        {-12.5, "-12.5"},
+        {1e-7, "0.0000001"},
+        {1e20, "100000000000000000000"},
+        {1.0 / 3, "0.333333333333333"},
+        {123456789.123456789, "123456789.123457"},
     };
     for (const auto& c : cases) EXPECT_EQ(PlainNumber(c.x), c.want) << c.x;
     EXPECT_EQ(PlainNumber(std::numeric_limits<double>::quiet_NaN()), "0");
@@ -92,15 +96,24 @@ TEST(FormatRate, FollowsTheRateCellRules) {
         bool fixed;
         const char* want;
     } cases[] = {
-        {"", 3, false, ""},          {"5%", 2, false, "5%"},
-        {"0.5", 3, true, "0.500"},   {"12.3456", 2, false, "12.35"},
-        {"%", 3, false, "%"},        {"0%", 3, false, "%"},
-        {"abc", 3, false, ""},       {"0.5", 3, false, "0.5"},
-        {"0.12345", 3, false, "0.123"}, {"0.1235", 3, false, "0.124"},
-        {"2.125", 2, false, "2.12"}, {"2.135", 2, false, "2.14"},
-        {"2.125", 2, true, "2.13"},  {"-1.5", 1, false, "-1.5"},
-        {"7", 3, true, "7.000"},     {"1.5%", 3, false, "1.5%"},
-        {"0.0004", 3, false, "0.0"}, {"3", 0, true, "3.0"},
+        {"", 3, false, ""},
+        {"5%", 2, false, "5%"},
+        {"0.5", 3, true, "0.500"},
+        {"12.3456", 2, false, "12.35"},
+        {"%", 3, false, "%"},
+        {"0%", 3, false, "%"},
+        {"abc", 3, false, ""},
+        {"0.5", 3, false, "0.5"},
+        {"0.12345", 3, false, "0.123"},
+        {"0.1235", 3, false, "0.124"},
+        {"2.125", 2, false, "2.12"},
+        {"2.135", 2, false, "2.14"},
+        {"2.125", 2, true, "2.13"},
+        {"-1.5", 1, false, "-1.5"},
+        {"7", 3, true, "7.000"},
+        {"1.5%", 3, false, "1.5%"},
+        {"0.0004", 3, false, "0.0"},
+        {"3", 0, true, "3.0"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(FormatRate(c.text, c.decimals, c.fixed), c.want)

@@ -43,7 +43,7 @@ TEST(TranslateFormulas, PutsKeysAndRatesIn) {
         {Row("1", "100", ""), "100"},
         {Row("1", "100", "5", "JZ*"), "100"},
         {Row("1", "$B$*2", "2.555%"), "((0-7.5)*2)*0.0256"},
-        {Row("1", "$a$+$A$", "1"), "(50+50)*1"},  // key search ignores ASCII case
+        {Row("1", "$a$+$A$", "1"), "(50+50)*1"},       // key search ignores ASCII case
         {Row("1", "<直接费>+$Z$", ""), "1234.5+$Z$"},  // an unknown key stays
         {Row("1", "$A$+$A", ""), "50+$A"},
         {Row("1", "$A+B$", ""), "$A+B$"},  // an operator ends the key
@@ -67,7 +67,8 @@ TEST(TranslateFormulas, PutsKeysAndRatesIn) {
 TEST(TranslateFormulas, ANonNumericRateStopsAtThatRow) {
     PriceKeyList keys;
     keys.Add("$A$", 2);
-    std::vector<FeeCalcRow> rows{Row("1", "$A$", "3"), Row("2", "$A$+1", "x"), Row("3", "$A$", "3")};
+    std::vector<FeeCalcRow> rows{Row("1", "$A$", "3"), Row("2", "$A$+1", "x"),
+                                 Row("3", "$A$", "3")};
     TranslateFormulas(rows, keys);
     EXPECT_EQ(rows[0].formula, "(2)*3");
     EXPECT_EQ(rows[1].formula, "2+1");
@@ -91,8 +92,8 @@ TEST(CalcRows, WorkedExamples) {
 }
 
 TEST(CalcRows, FineRowsKeepFiveDecimalsAndPassTheirFormatOn) {
-    std::vector<FeeCalcRow> rows{Row("P", "Q*1", "", "", "*细目"), Row("Q", "1/3"),
-                                 Row("R", "Q*3"), Row("S", "1/3")};
+    std::vector<FeeCalcRow> rows{Row("P", "Q*1", "", "", "*细目"), Row("Q", "1/3"), Row("R", "Q*3"),
+                                 Row("S", "1/3")};
     CalcRows(rows);
     // Q is computed first, from P, with P's five decimals.
     EXPECT_EQ(Values(rows), (std::vector<double>{0.33333, 0.33333, 1, 0.33}));
@@ -101,17 +102,13 @@ TEST(CalcRows, FineRowsKeepFiveDecimalsAndPassTheirFormatOn) {
 
 TEST(CalcRows, ReferencesAndTheirFailures) {
     std::vector<FeeCalcRow> rows{
-        Row("A1", "A1"),            // self reference
-        Row("B", "[B]+1"),          // self reference in brackets
-        Row("C", "Nowhere"),        // unknown single name
-        Row("D", "Nowhere+2"),      // unknown name in an expression
-        Row("E", "F"),              // a later row, single reference
-        Row("F", "(0-4)*1.5"),
-        Row("G", "(E+F)*0.5"),      // a rate-suffix shaped formula
-        Row("H", "-E+1"),
-        Row("1-2", "7"),
-        Row("I", "[1-2]*2"),
-        Row("J", "E+E"),
+        Row("A1", "A1"),                               // self reference
+        Row("B", "[B]+1"),                             // self reference in brackets
+        Row("C", "Nowhere"),                           // unknown single name
+        Row("D", "Nowhere+2"),                         // unknown name in an expression
+        Row("E", "F"),                                 // a later row, single reference
+        Row("F", "(0-4)*1.5"), Row("G", "(E+F)*0.5"),  // a rate-suffix shaped formula
+        Row("H", "-E+1"),      Row("1-2", "7"),       Row("I", "[1-2]*2"), Row("J", "E+E"),
     };
     EXPECT_TRUE(CalcRows(rows));
     EXPECT_EQ(Values(rows), (std::vector<double>{0, 0, 0, 2, -6, -6, -6, 7, 7, 14, -12}));
@@ -129,7 +126,8 @@ TEST(CalcRows, LongChainNeedsNoDeepStack) {
     const int n = 100000;
     std::vector<FeeCalcRow> rows;
     for (int i = 1; i <= n; ++i)
-        rows.push_back(Row("R" + std::to_string(i), i < n ? "[R" + std::to_string(i + 1) + "]+1" : "1"));
+        rows.push_back(
+            Row("R" + std::to_string(i), i < n ? "[R" + std::to_string(i + 1) + "]+1" : "1"));
     CalcRows(rows);
     EXPECT_EQ(rows.front().value, n);
     EXPECT_EQ(rows.back().value, 1);
@@ -149,10 +147,11 @@ TEST(CalcRows, IsLinearInTheRowCount) {
         TranslateFormulas(rows, {});
         auto t0 = std::chrono::steady_clock::now();
         CalcRows(rows);
-        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0)
+            .count();
     };
-    time(1000);  // warm up
-    EXPECT_LT(time(1000), 10.0 * 4);   // generous: sanitizer builds run slower
+    time(1000);                       // warm up
+    EXPECT_LT(time(1000), 10.0 * 4);  // generous: sanitizer builds run slower
     EXPECT_LT(time(10000), 100.0 * 4);
 }
 
@@ -163,14 +162,11 @@ TEST(CheckFormulaCycle, RejectsChainsComingBack) {
         size_t row;
         bool want;
     } cases[] = {
-        {{"B+1", "C+1", "A+1", "", ""}, 2, false},
-        {{"B+1", "C+1", "A+1", "", ""}, 0, false},
-        {{"B+1", "C+1", "D+1", "", ""}, 0, true},
-        {{"[A]*2", "", "", "", ""}, 0, false},
+        {{"B+1", "C+1", "A+1", "", ""}, 2, false},  {{"B+1", "C+1", "A+1", "", ""}, 0, false},
+        {{"B+1", "C+1", "D+1", "", ""}, 0, true},   {{"[A]*2", "", "", "", ""}, 0, false},
         {{"B+C", "D", "D", "E", "1"}, 0, true},  // a diamond is no cycle
-        {{"B", "C", "B", "", ""}, 0, false},      // a cycle below the start row
-        {{"[1]+...+[3]", "", "", "", ""}, 0, true},
-        {{"X+1", "", "", "", ""}, 0, true},
+        {{"B", "C", "B", "", ""}, 0, false},     // a cycle below the start row
+        {{"[1]+...+[3]", "", "", "", ""}, 0, true}, {{"X+1", "", "", "", ""}, 0, true},
     };
     for (const auto& c : cases)
         EXPECT_EQ(CheckFormulaCycle(codes, c.formulas, c.row), c.want)
@@ -187,7 +183,8 @@ TEST(CheckFormulaCycle, ManyPathsStayFast) {
     std::vector<std::string> codes, formulas;
     for (int i = 0; i < n; ++i) {
         codes.push_back("R" + std::to_string(i));
-        formulas.push_back(i + 2 < n ? "R" + std::to_string(i + 1) + "+R" + std::to_string(i + 2) : "1");
+        formulas.push_back(i + 2 < n ? "R" + std::to_string(i + 1) + "+R" + std::to_string(i + 2)
+                                     : "1");
     }
     EXPECT_TRUE(CheckFormulaCycle(codes, formulas, 0));
     formulas[n - 1] = "R0";
@@ -197,7 +194,8 @@ TEST(CheckFormulaCycle, ManyPathsStayFast) {
 TEST(Pipeline, RandomTablesEndWithFiniteValues) {
     std::mt19937 rng(7);
     auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); };
-    const char* pieces[] = {"+", "-", "*", "/", "(", ")", "...", "$K$", "<名>", "[", "]", "%", " ", ".", "#"};
+    const char* pieces[] = {"+",    "-", "*", "/", "(", ")", "...", "$K$",
+                            "<名>", "[", "]", "%", " ", ".", "#"};
     for (int table = 0; table < 300; ++table) {
         int n = pick(1, 25);
         std::vector<FeeCalcRow> rows;
@@ -205,14 +203,19 @@ TEST(Pipeline, RandomTablesEndWithFiniteValues) {
             std::string f;
             for (int k = pick(0, 12); k > 0; --k) {
                 switch (pick(0, 3)) {
-                    case 0: f += std::to_string(pick(0, 40)); break;
-                    case 1: f += "C" + std::to_string(pick(0, n)); break;
-                    default: f += pieces[pick(0, 14)];
+                    case 0:
+                        f += std::to_string(pick(0, 40));
+                        break;
+                    case 1:
+                        f += "C" + std::to_string(pick(0, n));
+                        break;
+                    default:
+                        f += pieces[pick(0, 14)];
                 }
             }
             const char* rates[] = {"", "5%", "-2", "x", "0", "1.5"};
-            rows.push_back(Row("C" + std::to_string(i), f, rates[pick(0, 5)], pick(0, 1) ? "FL" : "",
-                               pick(0, 4) ? "" : "*"));
+            rows.push_back(Row("C" + std::to_string(i), f, rates[pick(0, 5)],
+                               pick(0, 1) ? "FL" : "", pick(0, 4) ? "" : "*"));
         }
         PriceKeyList keys;
         keys.Add("$K$", pick(-100, 100) * 1.5);
