@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <initializer_list>
 #include <unordered_map>
 
 #include "calc/evaluator.h"
@@ -8,6 +9,16 @@
 
 namespace kwfy::calc {
 namespace {
+
+// Joins texts; used instead of chains of operator+ that GCC 12 misreports.
+std::string Concat(std::initializer_list<std::string_view> parts) {
+    size_t size = 0;
+    for (auto p : parts) size += p.size();
+    std::string out;
+    out.reserve(size);
+    for (auto p : parts) out.append(p);
+    return out;
+}
 
 enum class RowState : uint8_t { kPending, kInProgress, kComputed };
 
@@ -107,10 +118,11 @@ class Calculation {
         } else {
             f.working = formula;
         }
-        if (f.working.starts_with('-')) f.working.insert(0, "0");
+        if (f.working.starts_with('-')) f.working = Concat({"0", f.working});
 
         if (f.working.find_first_of("+-*/()") == std::string::npos) {
-            if (Val(f.working) != 0) return Store(m, "(" + f.working + ")" + f.suffix, format);
+            if (Val(f.working) != 0)
+                return Store(m, Concat({"(", f.working, ")", f.suffix}), format);
             f.single = true;
             f.reference = Lookup(f.working);
             if (f.reference < 0) {
@@ -144,14 +156,14 @@ class Calculation {
     double Finish(const Frame& f) {
         if (f.single) {
             const std::string& v = f.valueTexts.front();
-            std::string text = v.starts_with('-') ? "(0" + v + ")" : "(" + v + ")";
-            return Store(f.row, text + f.suffix, f.format);
+            return Store(f.row, Concat({v.starts_with('-') ? "(0" : "(", v, ")", f.suffix}),
+                         f.format);
         }
         std::string text = f.working;
         for (size_t k = 0; k < f.items.size(); ++k)
             text = ReplaceItem(text, f.items[k], f.valueTexts[k]);
-        if (text.starts_with('-')) text.insert(0, "0");
-        if (!f.suffix.empty()) text = "(" + text + ")" + f.suffix;
+        if (text.starts_with('-')) text = Concat({"0", text});
+        if (!f.suffix.empty()) text = Concat({"(", text, ")", f.suffix});
         return Store(f.row, text, f.format);
     }
 
