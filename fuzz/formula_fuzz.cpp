@@ -40,7 +40,7 @@ void FuzzText(std::string_view text) {
     std::vector<std::string> items = SplitFormula(text);
     Require(!items.empty());
     std::string expanded = ExpandRange(text);
-    Require(expanded.size() <= text.size() + kMaxRangeMembers * 16 + 16);
+    Require(expanded.size() <= text.size() + kMaxRangeText);
     (void)EvalExpression(expanded);
     for (const std::string& item : items) (void)ReplaceItem(text, item, "-1.5");
     (void)ReplaceText(text, items.front(), "7");

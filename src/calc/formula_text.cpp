@@ -32,10 +32,16 @@ int MemberNumber(std::string_view text) {
     return static_cast<int>(std::lround(v));
 }
 
+// What one ExpandRange call may still generate.
+struct RangeBudget {
+    int members = kMaxRangeMembers;
+    size_t chars = kMaxRangeText;
+};
+
 // The expansion of the "..." at p, or the empty text when it cannot be
-// expanded. Sets the end of the inserted members and their count.
-std::string ExpandAt(std::string_view text, size_t p, int budget, size_t* insertedEnd,
-                     int* generated) {
+// expanded within the budget, which it charges. Sets the end of the
+// inserted members.
+std::string ExpandAt(std::string_view text, size_t p, RangeBudget& budget, size_t* insertedEnd) {
     long k = static_cast<long>(p) - 1;
     while (k >= 0 && IsRangeBoundChar(text[k])) --k;
     if (k < 0) return {};
@@ -54,7 +60,13 @@ std::string ExpandAt(std::string_view text, size_t p, int budget, size_t* insert
     while (q >= 0 && IsRangeBoundChar(text[q])) --q;
     const int last = MemberNumber(text.substr(static_cast<size_t>(q + 1)));
 
-    if (first < 1 || last - first < 2 || last - first - 1 > budget) return {};
+    if (first < 1 || last - first < 2) return {};
+    const int count = last - first - 1;
+    // Each member: joiner, head, up to 5 digits, closer.
+    const size_t chars = static_cast<size_t>(count) * (head.size() + closer.size() + 6);
+    if (count > budget.members || chars > budget.chars) return {};
+    budget.members -= count;
+    budget.chars -= chars;
     const char joiner = text[p - 1];
     std::string out(text.substr(0, p));
     for (int m = first + 1; m < last; ++m) {
@@ -62,7 +74,6 @@ std::string ExpandAt(std::string_view text, size_t p, int budget, size_t* insert
         out.append(head).append(std::to_string(m)).append(closer);
     }
     *insertedEnd = out.size();
-    *generated = last - first - 1;
     out.append(text.substr(p + 3));
     return out;
 }
@@ -137,18 +148,16 @@ std::string_view StripSquareBrackets(std::string_view item) {
 
 std::string ExpandRange(std::string_view formula) {
     std::string text(formula);
-    int budget = kMaxRangeMembers;
+    RangeBudget budget;
     size_t from = 0;
     size_t p;
     while ((p = text.find("...", from)) != std::string::npos) {
         size_t insertedEnd = 0;
-        int generated = 0;
-        std::string expanded = ExpandAt(text, p, budget, &insertedEnd, &generated);
+        std::string expanded = ExpandAt(text, p, budget, &insertedEnd);
         if (expanded.empty()) {
             from = p + 3;
             continue;
         }
-        budget -= generated;
         text = std::move(expanded);
         from = insertedEnd;
     }

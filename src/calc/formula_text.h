@@ -39,9 +39,11 @@ std::string TrimBrackets(std::string_view text);
 // returned as they are.
 std::string_view StripSquareBrackets(std::string_view item);
 
-// Most members that one ExpandRange call generates in total. A range that
-// would take the total past it is left unexpanded.
+// Most members, and most characters of members, that one ExpandRange call
+// generates in total. A range that would take either total past its bound is
+// left unexpanded.
 inline constexpr int kMaxRangeMembers = 1024;
+inline constexpr size_t kMaxRangeText = 16 * 1024;
 
 // Expands every range shorthand "first op ... op last" into the members
 // first..last joined by op: "[1]+...+[5]" gives "[1]+[2]+[3]+[4]+[5]",
@@ -50,8 +52,8 @@ inline constexpr int kMaxRangeMembers = 1024;
 // or beyond 32767, an end less than two above the start, or too many
 // members, see kMaxRangeMembers) stays in the text as it is, where it counts
 // 0 as an operand, and is not looked at again; "[1]+...+[2]" thus still sums
-// to [1]+[2]. Always ends; the result is at most the input plus
-// kMaxRangeMembers members long.
+// to [1]+[2]. Always ends; the result is at most kMaxRangeText characters
+// longer than the formula.
 std::string ExpandRange(std::string_view formula);
 
 // Replaces the first occurrence of item in formula by value. Returns formula

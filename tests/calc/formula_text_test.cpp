@@ -76,6 +76,10 @@ TEST(ExpandRange, BoundsTheMembersOfOneCall) {
     // The budget is shared: the second range no longer fits.
     std::string two = ExpandRange("[1]+...+[1000]+[1]+...+[200]");
     EXPECT_NE(two.find("[1]+...+[200]"), std::string::npos);
+    // Long member names are bounded by their text.
+    std::string head(100, 'X');
+    std::string wide = head + "1+...+" + head + "500";
+    EXPECT_EQ(ExpandRange(wide), wide);
 }
 
 TEST(ReplaceItem, ReplacesTheFirstOccurrence) {
