@@ -48,8 +48,8 @@ double RoundAsFormatted(double x, std::string_view pattern);
 
 // The plain decimal text of x used when a value is put into a formula: up to
 // 15 significant digits, no trailing zeros, never an exponent ("0.1",
-// "-12.5", "1e-7" as "0.0000001", 1e20 as "100000000000000000000"). Digits
-// below 1e-300 are dropped. NaN and infinities give "0".
+// "-12.5", "1e-7" as "0.0000001", 1e20 as "100000000000000000000").
+// NaN and infinities give "0".
 std::string PlainNumber(double x);
 
 // The general text of x shown to a user: as PlainNumber for
