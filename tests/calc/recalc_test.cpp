@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <random>
 
 #include "calc/number_text.h"
@@ -132,39 +131,6 @@ TEST(CalcRows, LongChainNeedsNoDeepStack) {
     CalcRows(rows);
     EXPECT_EQ(rows.front().value, n);
     EXPECT_EQ(rows.back().value, 1);
-}
-
-TEST(CalcRows, IsLinearInTheRowCount) {
-    auto table = [](int n) {
-        std::vector<FeeCalcRow> rows;
-        for (int i = 1; i <= n; ++i) {
-            std::string f = i == 1 ? "100" : "[R" + std::to_string(i - 1) + "]*1.01+[R1]+2";
-            rows.push_back(Row("R" + std::to_string(i), f, "3%"));
-        }
-        TranslateFormulas(rows, {});
-        return rows;
-    };
-    // Best of three, in process CPU time: other load on the machine would
-    // otherwise decide the outcome.
-    auto cpuMs = [&](int n) {
-        const auto rows = table(n);
-        double best = 1e300;
-        for (int run = 0; run < 3; ++run) {
-            auto copy = rows;
-            timespec t0{}, t1{};
-            clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t0);
-            CalcRows(copy);
-            clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t1);
-            best = std::min(best, (t1.tv_sec - t0.tv_sec) * 1e3 + (t1.tv_nsec - t0.tv_nsec) / 1e6);
-        }
-        return best;
-    };
-    const double small = cpuMs(1000), large = cpuMs(10000);
-    EXPECT_LT(large / small, 20) << small << " ms, " << large << " ms";  // quadratic would be ~100
-#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__)
-    EXPECT_LT(small, 10);
-    EXPECT_LT(large, 100);
-#endif
 }
 
 TEST(CheckFormulaCycle, RejectsChainsComingBack) {
