@@ -3,6 +3,8 @@
 
 #include <sqlite3.h>
 
+#include <set>
+
 #include "kwfy/error.h"
 
 namespace kwfy::db {
@@ -39,10 +41,12 @@ const char* JetSqliteWriter::DeclaredType(JetColumnKind kind) {
 }
 
 JetSqliteWriter::JetSqliteWriter(const std::string& path) : path_(path) {
-    int rc = sqlite3_open_v2(path.c_str(), &db_,
-                             SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE,
-                             nullptr);
-    if (rc != SQLITE_OK) Fail("cannot create the file");
+    int rc =
+        sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    if (rc != SQLITE_OK) {
+        std::string message = db_ ? sqlite3_errmsg(db_) : "out of memory";
+        throw Error(path_, "cannot be created: " + message);
+    }
     // The file is a private temporary until it is renamed into place, so a
     // journal buys nothing.
     Exec("PRAGMA journal_mode=OFF");
@@ -55,11 +59,13 @@ JetSqliteWriter::~JetSqliteWriter() {
     sqlite3_close(db_);
 }
 
+// Messages name the table, not the file: the file is a temporary one the
+// caller never sees.
 void JetSqliteWriter::Fail(const std::string& what) {
     std::string message = what;
-    if (!table_.empty()) message += " (table " + table_ + ")";
+    if (!table_.empty()) message = "table " + table_ + ": " + message;
     if (db_) message += std::string(": ") + sqlite3_errmsg(db_);
-    throw Error(path_, message);
+    throw Error(message);
 }
 
 void JetSqliteWriter::Exec(const std::string& sql) {
@@ -67,9 +73,36 @@ void JetSqliteWriter::Exec(const std::string& sql) {
     if (sqlite3_exec(db_, sql.c_str(), nullptr, nullptr, &error) != SQLITE_OK) {
         std::string message = error ? error : "unknown error";
         sqlite3_free(error);
-        throw Error(path_, sql.substr(0, 80) + ": " + message);
+        throw Error((table_.empty() ? "" : "table " + table_ + ": ") +
+                    "cannot be written: " + message);
     }
 }
+
+namespace {
+
+std::string Folded(const std::string& name) {
+    std::string folded = name;
+    for (char& c : folded)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return folded;
+}
+
+// Column names as SQLite accepts them. A sound Jet file has unique, non-empty
+// names; a damaged one may not, and its rows are still worth having.
+std::vector<std::string> UsableNames(const std::vector<JetColumn>& columns) {
+    std::vector<std::string> names;
+    std::set<std::string> taken;
+    for (size_t i = 0; i < columns.size(); ++i) {
+        std::string name = columns[i].name.empty() ? "column" : columns[i].name;
+        for (int n = 2; taken.count(Folded(name)); ++n)
+            name = (columns[i].name.empty() ? "column" : columns[i].name) + "_" + std::to_string(n);
+        taken.insert(Folded(name));
+        names.push_back(name);
+    }
+    return names;
+}
+
+}  // namespace
 
 void JetSqliteWriter::FinishStatement() {
     sqlite3_finalize(insert_);
@@ -81,12 +114,13 @@ void JetSqliteWriter::BeginTable(const std::string& name, const std::vector<JetC
     table_ = name;
     std::string create = "CREATE TABLE " + QuoteIdentifier(name) + " (";
     std::string insert = "INSERT INTO " + QuoteIdentifier(name) + " VALUES (";
+    const std::vector<std::string> names = UsableNames(columns);
     for (size_t i = 0; i < columns.size(); ++i) {
         if (i > 0) {
             create += ", ";
             insert += ", ";
         }
-        create += QuoteIdentifier(columns[i].name) + " " + DeclaredType(columns[i].kind);
+        create += QuoteIdentifier(names[i]) + " " + DeclaredType(columns[i].kind);
         insert += "?";
     }
     Exec(create + ")");
