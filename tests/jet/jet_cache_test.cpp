@@ -1,11 +1,10 @@
 // The cache of imported copies: reused while the file stays the same,
-// refreshed when it changes, one copy per file.
+// refreshed when it changes, one copy per file, nothing left on failure.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "db/jet_import.h"
@@ -18,114 +17,60 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ScopedEnvVar {
-  public:
-    ScopedEnvVar(const char* name, const std::string& value) : name_(name) {
-        if (const char* old = std::getenv(name)) old_ = old, had_ = true;
-        setenv(name, value.c_str(), 1);
-    }
-    ~ScopedEnvVar() {
-        if (had_)
-            setenv(name_, old_.c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-
-  private:
-    const char* name_;
-    std::string old_;
-    bool had_ = false;
-};
-
 ino_t Inode(const std::string& path) {
     struct stat st {};
     stat(path.c_str(), &st);
     return st.st_ino;
 }
 
-std::vector<std::string> TableNames(const std::string& db) {
-    std::vector<std::string> names;
-    for (const auto& row :
-         Query(db, "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name").rows)
-        names.push_back(std::get<std::string>(row[0]));
-    return names;
-}
-
 size_t FilesIn(const std::string& dir) {
-    size_t count = 0;
-    for (auto it = fs::directory_iterator(dir); it != fs::directory_iterator(); ++it) ++count;
-    return count;
+    return static_cast<size_t>(std::distance(fs::directory_iterator(dir), {}));
 }
 
-class JetCache : public ::testing::Test {
-  protected:
-    TempDir cache_, files_;
-    ScopedEnvVar xdg_{"XDG_CACHE_HOME", cache_.Path()};
-    std::string folder_ = cache_.Path() + "/kwfy-jet-cache";
-};
-
-TEST_F(JetCache, ReusedWhileTheFileStaysTheSame) {
-    const std::string a = files_.File("a.mdb");
+TEST(JetCache, ReusedUntilTheFileChanges) {
+    TempDir cache, files;
+    ScopedEnv xdg("XDG_CACHE_HOME", cache.Path().c_str());
+    const std::string folder = cache.Path() + "/kwfy-jet-cache", a = files.File("a.mdb");
     fs::copy_file(JetFile("testV1997.mdb"), a);
     std::string first = db::JetCachedCopy(a);
-    EXPECT_EQ(first.rfind(folder_ + "/", 0), 0u) << first;
-    EXPECT_EQ(TableNames(first),
-              (std::vector<std::string>{"Table1", "Table2", "Table3", "Table4"}));
+    EXPECT_EQ(first.rfind(folder + "/", 0), 0u) << first;
     ino_t inode = Inode(first);
     EXPECT_EQ(db::JetCachedCopy(a), first);
     EXPECT_EQ(Inode(first), inode) << "imported again";
 
-    // A second file with the same content has a copy of its own.
-    const std::string b = files_.File("b.mdb");
-    fs::copy_file(a, b);
-    EXPECT_NE(db::JetCachedCopy(b), first);
-    EXPECT_EQ(FilesIn(folder_), 2u);
-}
+    fs::copy_file(a, files.File("b.mdb"));  // same content, a copy of its own
+    EXPECT_NE(db::JetCachedCopy(files.File("b.mdb")), first);
 
-TEST_F(JetCache, RefreshedWhenTheFileChanges) {
-    const std::string a = files_.File("a.mdb");
-    fs::copy_file(JetFile("testV1997.mdb"), a);
-    std::string first = db::JetCachedCopy(a);
-
-    // Touched: same content, later modification time.
-    timespec later[2] = {{0, UTIME_OMIT}, {time(nullptr) + 60, 0}};
+    timespec later[2] = {{0, UTIME_OMIT}, {time(nullptr) + 60, 0}};  // touched
     ASSERT_EQ(utimensat(AT_FDCWD, a.c_str(), later, 0), 0);
     std::string touched = db::JetCachedCopy(a);
     EXPECT_NE(touched, first);
     EXPECT_FALSE(fs::exists(first)) << "the stale copy is removed";
 
-    // Rewritten with other content.
-    WriteBytes(a, ReadBytes(JetFile("testUnicodeCompV2003.mdb")));
+    WriteBytes(a, ReadBytes(JetFile("testUnicodeCompV2003.mdb")));  // rewritten
     std::string rewritten = db::JetCachedCopy(a);
     EXPECT_NE(rewritten, touched);
-    EXPECT_EQ(TableNames(rewritten), std::vector<std::string>{"Table"});
-    EXPECT_EQ(FilesIn(folder_), 1u);
+    EXPECT_EQ(Query(rewritten, "SELECT name FROM sqlite_master"), Rows{{"Table"}});
+    EXPECT_EQ(FilesIn(folder), 2u);
 }
 
-TEST_F(JetCache, FallsBackToTheTemporaryFolder) {
-    ScopedEnvVar noXdg("XDG_CACHE_HOME", "");
-    ScopedEnvVar tmp("TMPDIR", cache_.Path());
-    const std::string a = files_.File("a.mdb");
-    fs::copy_file(JetFile("testV2007.accdb"), a);
-    std::string copy = db::JetCachedCopy(a);
-    std::string expected = cache_.Path() + "/kwfy-" + std::to_string(getuid()) + "/kwfy-jet-cache/";
-    EXPECT_EQ(copy.rfind(expected, 0), 0u) << copy;
-    struct stat st {};
-    ASSERT_EQ(stat((cache_.Path() + "/kwfy-" + std::to_string(getuid())).c_str(), &st), 0);
-    EXPECT_EQ(st.st_mode & 0777, 0700u) << "private to the user";
-}
+TEST(JetCache, PrivateFolderUnderTmpdirAndNothingLeftOnFailure) {
+    TempDir tmp, files;
+    ScopedEnv xdg("XDG_CACHE_HOME", nullptr), tmpdir("TMPDIR", tmp.Path().c_str());
+    const std::string user = tmp.Path() + "/kwfy-" + std::to_string(getuid());
+    std::string copy = db::JetCachedCopy(JetFile("testV2007.accdb"));
+    EXPECT_EQ(copy.rfind(user + "/kwfy-jet-cache/", 0), 0u) << copy;
+    EXPECT_EQ(fs::status(user).permissions(), fs::perms::owner_all);
 
-TEST_F(JetCache, FailuresNameTheFile) {
-    WriteBytes(files_.File("broken.mdb"), ReadBytes(JetFile("testV1997.mdb")).substr(0, 4096));
-    for (const char* name : {"missing.mdb", "broken.mdb"}) {
-        try {
-            db::JetCachedCopy(files_.File(name));
-            ADD_FAILURE() << name;
-        } catch (const Error& e) {
-            EXPECT_EQ(std::string(e.what()).rfind(files_.File(name) + ": ", 0), 0u) << e.what();
-        }
-    }
-    EXPECT_EQ(FilesIn(folder_), 0u) << "nothing half-written is left in the cache";
+    WriteBytes(files.File("cut.mdb"), ReadBytes(JetFile("testV1997.mdb")).substr(0, 4096));
+    for (const std::string& path : {files.File("missing.mdb"), files.File("cut.mdb")})
+        EXPECT_THROW(
+            try { db::JetCachedCopy(path); } catch (const Error& e) {
+                EXPECT_EQ(std::string(e.what()).rfind(path + ": ", 0), 0u) << e.what();
+                throw;
+            },
+            Error);
+    EXPECT_EQ(FilesIn(user + "/kwfy-jet-cache"), 1u);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Damaged copies of the test files: whatever libmdb makes of them, the import
-// ends within its time limit with an Error naming the file or with what could
-// be read, and leaves no temporary file behind.
+// ends within its time limit, with an Error naming the file or with what
+// could be read, and leaves no temporary file behind.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -17,80 +17,55 @@ namespace {
 
 constexpr int kTimeLimit = 2;
 
+// Cut at a size, or (size 0) count random bytes flipped at or after offset
+// from: from 20 keeps the header recognisable, 4096 all of page 0.
 struct Damage {
-    std::string name;
-    std::function<std::string(std::string)> apply;
+    size_t size = 0;
+    unsigned seed = 0;
+    size_t from = 0;
+    int count = 0;
+
+    std::string Apply(std::string bytes) const {
+        if (size) return bytes.substr(0, std::min(size, bytes.size()));
+        std::mt19937 random(seed);
+        std::uniform_int_distribution<size_t> at(from, bytes.size() - 1);
+        for (int i = 0; i < count; ++i) bytes[at(random)] ^= static_cast<char>(1 + random() % 255);
+        return bytes;
+    }
 };
-
-Damage Truncate(size_t size) {
-    return {"truncated to " + std::to_string(size),
-            [size](std::string bytes) { return bytes.substr(0, std::min(size, bytes.size())); }};
-}
-
-Damage TruncateHalf() {
-    return {"truncated to half",
-            [](std::string bytes) { return bytes.substr(0, bytes.size() / 2); }};
-}
-
-// Flips count random bytes at or after from; from 20 keeps the Jet header
-// recognisable, from 4096 also keeps libmdb's page 0 intact.
-Damage Flip(unsigned seed, size_t from, int count) {
-    return {"seed " + std::to_string(seed) + " flips " + std::to_string(count) + " bytes from " +
-                std::to_string(from),
-            [=](std::string bytes) {
-                std::mt19937 random(seed);
-                std::uniform_int_distribution<size_t> at(from, bytes.size() - 1);
-                for (int i = 0; i < count; ++i)
-                    bytes[at(random)] ^= static_cast<char>(1 + random() % 255);
-                return bytes;
-            }};
-}
-
-std::vector<Damage> Damages() {
-    std::vector<Damage> damages = {Truncate(20), Truncate(2048), Truncate(4096),
-                                   Truncate(3 * 4096 + 17), TruncateHalf()};
-    for (unsigned seed = 1; seed <= 4; ++seed) damages.push_back(Flip(seed, 20, 64));
-    for (unsigned seed = 5; seed <= 10; ++seed) damages.push_back(Flip(seed, 4096, 400));
-    return damages;
-}
 
 class DamagedJetFile : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(DamagedJetFile, FailsCleanlyOrReadsWhatItCan) {
     const std::string original = ReadBytes(JetFile(GetParam()));
+    std::vector<Damage> damages = {{20}, {2048}, {4096}, {3 * 4096 + 17}, {original.size() / 2}};
+    for (unsigned seed = 1; seed <= 4; ++seed) damages.push_back({0, seed, 20, 64});
+    for (unsigned seed = 5; seed <= 10; ++seed) damages.push_back({0, seed, 4096, 400});
     int failed = 0;
-    for (const Damage& damage : Damages()) {
-        SCOPED_TRACE(damage.name);
+    for (const Damage& damage : damages) {
+        SCOPED_TRACE("size " + std::to_string(damage.size) + " seed " +
+                     std::to_string(damage.seed));
         TempDir in, out;
         const std::string source = in.File("damaged.mdb");
-        WriteBytes(source, damage.apply(original));
-        db::JetImportOptions options;
-        options.timeLimitSeconds = kTimeLimit;
-        options.memoryLimitBytes = int64_t(512) << 20;
+        WriteBytes(source, damage.Apply(original));
+        db::JetImportOptions options{kTimeLimit, int64_t(512) << 20, {}};
         auto start = std::chrono::steady_clock::now();
-        bool imported = false;
+        size_t expectedLeft = 0;
         try {
-            db::JetImportReport report = db::ImportJet(source, out.File("out.db"), options);
-            imported = true;
-            for (const auto& [table, rows] : report.tables) {
-                QueryResult count =
-                    Query(out.File("out.db"), "SELECT COUNT(*) FROM \"" + table + "\"");
-                EXPECT_EQ(std::get<int64_t>(count.rows.at(0).at(0)), rows) << table;
-            }
+            for (const auto& [table, rows] :
+                 db::ImportJet(source, out.File("out.db"), options).tables)
+                EXPECT_EQ(Query(out.File("out.db"), "SELECT COUNT(*) FROM \"" + table + "\"")[0][0],
+                          Cell(rows));
+            expectedLeft = 1;
         } catch (const Error& e) {
             ++failed;
             EXPECT_EQ(std::string(e.what()).rfind(source + ": ", 0), 0u) << e.what();
         }
-        double seconds =
-            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        EXPECT_LT(seconds, kTimeLimit + 2.0);
-        std::vector<std::string> left;
-        for (const auto& entry : std::filesystem::directory_iterator(out.Path()))
-            left.push_back(entry.path().filename().string());
-        EXPECT_EQ(left, imported ? std::vector<std::string>{"out.db"} : std::vector<std::string>{});
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(kTimeLimit + 2));
+        auto left = std::filesystem::directory_iterator(out.Path());
+        EXPECT_EQ(static_cast<size_t>(std::distance(left, {})), expectedLeft);
     }
-    // A file cut short before its catalog can never import.
-    EXPECT_GE(failed, 3);
+    EXPECT_GE(failed, 3) << "a file cut before its catalog never imports";
 }
 
 INSTANTIATE_TEST_SUITE_P(TestFiles, DamagedJetFile,

@@ -1,11 +1,14 @@
-// Helpers shared by the Jet tests: the test files, shell commands and a
-// small reader of SQLite results.
+// Helpers shared by the Jet tests: the test files, shell commands, SQLite
+// results and environment variables.
 #pragma once
 
 #include <sqlite3.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <variant>
@@ -13,24 +16,18 @@
 
 namespace kwfy::test {
 
-inline std::string JetDataDir() {
-    return std::string(KWFY_SHARED_DIR) + "/testdata/jet";
-}
 inline std::string JetFile(const std::string& name) {
-    return JetDataDir() + "/" + name;
+    return std::string(KWFY_SHARED_DIR) + "/testdata/jet/" + name;
 }
 
-inline const std::vector<std::string>& AllJetFiles() {
-    static const std::vector<std::string> files = {"testV1997.mdb",
-                                                   "test2V2000.mdb",
-                                                   "testUnicodeCompV2003.mdb",
-                                                   "delColTestV2003.mdb",
-                                                   "fixedNumericTestV2003.mdb",
-                                                   "overflowTestV2003.mdb",
-                                                   "testV2007.accdb",
-                                                   "oldDatesV2007.accdb",
-                                                   "emptyJet4.mdb"};
-    return files;
+// Every Jet and ACE file of the test data folder, by name.
+inline std::vector<std::string> AllJetFiles() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(JetFile("")))
+        if (auto ext = entry.path().extension(); ext == ".mdb" || ext == ".accdb")
+            names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 inline std::string Quote(const std::string& arg) {
@@ -39,21 +36,16 @@ inline std::string Quote(const std::string& arg) {
     return quoted + "'";
 }
 
-// Runs a shell command and returns its standard output.
-inline std::string CommandOutput(const std::string& command) {
+// The standard output of a shell command, line by line.
+inline std::vector<std::string> CommandLines(const std::string& command) {
     std::string output;
     if (FILE* pipe = popen(command.c_str(), "r")) {
         char buffer[4096];
-        size_t n;
-        while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, n);
+        for (size_t n; (n = fread(buffer, 1, sizeof buffer, pipe)) > 0;) output.append(buffer, n);
         pclose(pipe);
     }
-    return output;
-}
-
-inline std::vector<std::string> Lines(const std::string& text) {
     std::vector<std::string> lines;
-    std::istringstream in(text);
+    std::istringstream in(output);
     for (std::string line; std::getline(in, line);)
         if (!line.empty()) lines.push_back(line);
     return lines;
@@ -68,20 +60,12 @@ inline void WriteBytes(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
-struct Blob {
-    std::string bytes;
-    bool operator==(const Blob&) const = default;
-};
+// A value read back from SQLite; a blob is a vector so it differs from text.
+using Blob = std::vector<unsigned char>;
 using Cell = std::variant<std::monostate, int64_t, double, std::string, Blob>;
+using Rows = std::vector<std::vector<Cell>>;
 
-// The column names and rows of a query on an SQLite file.
-struct QueryResult {
-    std::vector<std::string> columns;
-    std::vector<std::vector<Cell>> rows;
-};
-
-inline QueryResult Query(const std::string& path, const std::string& sql) {
-    QueryResult result;
+inline Rows Query(const std::string& path, const std::string& sql) {
     sqlite3* db = nullptr;
     sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
     sqlite3_stmt* stmt = nullptr;
@@ -90,11 +74,12 @@ inline QueryResult Query(const std::string& path, const std::string& sql) {
         sqlite3_close(db);
         throw std::runtime_error(path + ": " + sql + ": " + error);
     }
-    for (int i = 0; i < sqlite3_column_count(stmt); ++i)
-        result.columns.push_back(sqlite3_column_name(stmt, i));
+    Rows rows;
     while (sqlite3_step(stmt) == SQLITE_ROW) {
-        std::vector<Cell> row;
+        auto& row = rows.emplace_back();
         for (int i = 0; i < sqlite3_column_count(stmt); ++i) {
+            auto* data = static_cast<const unsigned char*>(sqlite3_column_blob(stmt, i));
+            size_t size = static_cast<size_t>(sqlite3_column_bytes(stmt, i));
             switch (sqlite3_column_type(stmt, i)) {
                 case SQLITE_INTEGER:
                     row.emplace_back(int64_t(sqlite3_column_int64(stmt, i)));
@@ -103,25 +88,37 @@ inline QueryResult Query(const std::string& path, const std::string& sql) {
                     row.emplace_back(sqlite3_column_double(stmt, i));
                     break;
                 case SQLITE_TEXT:
-                    row.emplace_back(
-                        std::string(reinterpret_cast<const char*>(sqlite3_column_text(stmt, i)),
-                                    sqlite3_column_bytes(stmt, i)));
+                    row.emplace_back(std::string(data, data + size));
                     break;
-                case SQLITE_BLOB: {
-                    auto* data = static_cast<const char*>(sqlite3_column_blob(stmt, i));
-                    row.emplace_back(
-                        Blob{std::string(data ? data : "", sqlite3_column_bytes(stmt, i))});
+                case SQLITE_BLOB:
+                    row.emplace_back(Blob(data, data + size));
                     break;
-                }
                 default:
                     row.emplace_back(std::monostate{});
             }
         }
-        result.rows.push_back(std::move(row));
     }
     sqlite3_finalize(stmt);
     sqlite3_close(db);
-    return result;
+    return rows;
 }
+
+inline std::string Text(const Cell& cell) {
+    return std::get<std::string>(cell);
+}
+
+// Sets an environment variable (unsets it for nullptr) until destroyed.
+class ScopedEnv {
+  public:
+    ScopedEnv(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old;
+        value ? setenv(name, value, 1) : unsetenv(name);
+    }
+    ~ScopedEnv() { old_ ? setenv(name_, old_->c_str(), 1) : unsetenv(name_); }
+
+  private:
+    const char* name_;
+    std::optional<std::string> old_;
+};
 
 }  // namespace kwfy::test
