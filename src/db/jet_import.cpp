@@ -89,7 +89,7 @@ class TempFile {
 };
 
 JetImportReport ImportToTemp(const std::string& source, const TempFile& tmp,
-                             const JetImportOptions& options) {
+                             const std::string& dest, const JetImportOptions& options) {
     ChildLimits limits{options.timeLimitSeconds, options.memoryLimitBytes};
     JetImportReport report;
     std::string failure;
@@ -119,6 +119,9 @@ JetImportReport ImportToTemp(const std::string& source, const TempFile& tmp,
         // The reader's own errors already start with the file name.
         const std::string prefix = source + ": ";
         message = failure.rfind(prefix, 0) == 0 ? failure.substr(prefix.size()) : failure;
+        // The temporary file is ours; the caller knows the file as dest.
+        if (size_t at = message.find(tmp.Path()); at != std::string::npos)
+            message.replace(at, tmp.Path().size(), dest);
         if (outcome.code == kOutOfMemory)
             message += " (the limit is " + std::to_string(options.memoryLimitBytes >> 20) + " MB)";
     } else {
@@ -135,7 +138,7 @@ JetImportReport ImportJetReplacing(const std::string& source, const std::string&
                                    const JetImportOptions& options) {
     CheckSource(source);
     TempFile tmp(UniqueSibling(dest));
-    JetImportReport report = ImportToTemp(source, tmp, options);
+    JetImportReport report = ImportToTemp(source, tmp, dest, options);
     if (rename(tmp.Path().c_str(), dest.c_str()) != 0)
         throw Error(dest, std::string("cannot be written: ") + std::strerror(errno));
     tmp.Keep();
@@ -147,7 +150,7 @@ JetImportReport ImportJet(const std::string& source, const std::string& dest,
     if (Exists(dest)) throw Error(dest, "already exists");
     CheckSource(source);
     TempFile tmp(UniqueSibling(dest));
-    JetImportReport report = ImportToTemp(source, tmp, options);
+    JetImportReport report = ImportToTemp(source, tmp, dest, options);
     // link() fails when dest appeared meanwhile; rename() would replace it.
     // Where the file system has no hard links, fall back to rename().
     if (link(tmp.Path().c_str(), dest.c_str()) != 0) {

@@ -76,17 +76,5 @@ TEST(JetChild, MemoryLimitStopsHugeAllocations) {
     EXPECT_EQ(outcome.code, 3);
 }
 
-TEST(JetChild, AThrowingListenerKillsTheChild) {
-    auto start = std::chrono::steady_clock::now();
-    auto work = [](int out) {
-        SendLine(out, "stop me");
-        return pause();
-    };
-    EXPECT_THROW(RunInChild(work, ChildLimits{30, int64_t(256) << 20},
-                            [](const std::string&) { throw std::runtime_error("cancelled"); }),
-                 std::runtime_error);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-}
-
 }  // namespace
 }  // namespace kwfy::db

@@ -83,7 +83,10 @@ int RunImportMdb(const ImportMdbArgs& args) {
         return 0;
     } catch (const std::exception& e) {
         unlink(tmp.c_str());
-        std::cerr << e.what() << "\n";
+        std::string message = e.what();
+        if (size_t at = message.find(tmp); at != std::string::npos)
+            message.replace(at, tmp.size(), args.dest);
+        std::cerr << message << "\n";
         return 1;
     }
 }
