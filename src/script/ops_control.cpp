@@ -12,7 +12,7 @@ namespace {
 // The host form's property bag as a script sees it: ReadProperties takes the
 // saved values from its arguments; WriteProperties prints what is saved.
 class ScriptPropertyBag : public PropertyBag {
-  public:
+public:
     std::optional<std::string> Read(const std::string& name) override {
         auto it = values.find(name);
         if (it == values.end()) return std::nullopt;

@@ -29,7 +29,7 @@ class Call;
 // A statement was written wrongly (argument count or form). The host prints
 // it as "error usage: NAME PARAMS (detail)".
 class UsageError : public std::runtime_error {
-  public:
+public:
     explicit UsageError(const std::string& detail) : std::runtime_error(detail) {}
 };
 
@@ -42,7 +42,7 @@ struct Op {
 };
 
 class Registry {
-  public:
+public:
     // Throws std::logic_error when the name is taken: two subsystems must not
     // claim the same statement.
     void Add(Op op);
@@ -52,14 +52,14 @@ class Registry {
     const Op* Find(std::string_view name) const;
     std::vector<std::string> Names() const;
 
-  private:
+private:
     std::map<std::string, Op, std::less<>> ops_;
 };
 
 // One statement being run: its arguments and the host it acts on. The
 // argument count has been checked against the Op before the handler runs.
 class Call {
-  public:
+public:
     Call(ScriptHost& host, const Op& op, std::vector<std::string> args)
         : host_(host), op_(op), args_(std::move(args)) {}
 
@@ -105,7 +105,7 @@ class Call {
                   (i < values.size() ? FormatResult(values[i]) : "Empty"));
     }
 
-  private:
+private:
     static std::string QuotedResult(const std::string& text);
     ScriptHost& host_;
     const Op& op_;

@@ -16,7 +16,7 @@ constexpr int kMaxHandlerDepth = 8;
 }  // namespace
 
 class ScriptHost::EventPrinter : public FYTableListener {
-  public:
+public:
     explicit EventPrinter(ScriptHost& host) : host_(host) {}
     void CallFL() override { host_.RaiseEvent("CallFL"); }
     void AfterEdit() override { host_.RaiseEvent("AfterEdit"); }
@@ -26,18 +26,18 @@ class ScriptHost::EventPrinter : public FYTableListener {
         host_.RaiseEvent("ChangeQFClass", OneLine(qfClass));
     }
 
-  private:
+private:
     ScriptHost& host_;
 };
 
 class ScriptHost::PopupPrinter : public ToolbarObserver {
-  public:
+public:
     explicit PopupPrinter(ScriptHost& host) : host_(host) {}
     void PopupRequested(const std::string& band, int, int) override {
         host_.Print("popup " + band);
     }
 
-  private:
+private:
     ScriptHost& host_;
 };
 

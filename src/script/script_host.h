@@ -27,7 +27,7 @@
 namespace kwfy::script {
 
 class ScriptHost {
-  public:
+public:
     using Output = std::function<void(const std::string& line)>;
     // Registers every statement of ops.h.
     explicit ScriptHost(Output out);
@@ -58,7 +58,7 @@ class ScriptHost {
     // Prints "event NAME[ ARG]" and runs the event's handler statements.
     void RaiseEvent(const std::string& event, const std::string& arg = {});
 
-  private:
+private:
     class EventPrinter;
     class PopupPrinter;
     Output out_;

@@ -26,7 +26,7 @@ const char* AnswerName(MsgAnswer a) {
 }
 
 class TestDialog : public Dialog {
-  public:
+public:
     std::string Name() const override { return "frmTest"; }
     std::vector<std::string> FieldNames() const override { return {"txtName"}; }
     std::string Field(const std::string& name) const override {
@@ -39,12 +39,12 @@ class TestDialog : public Dialog {
     }
     bool Accept(Ui&) override { return !name_.empty(); }
 
-  private:
+private:
     std::string name_;
 };
 
 class AnswersTest : public ::testing::Test {
-  protected:
+protected:
     AnswersTest() : host([this](const std::string& l) { out.push_back(l); }) {
         auto& r = host.Statements();
         r.Add("ask", "", 0, 0, [](Call& c) {

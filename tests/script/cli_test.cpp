@@ -31,7 +31,7 @@ Outcome RunIn(const std::string& dir, const std::string& args) {
 }
 
 class ScriptCommand : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         if (!std::getenv("FYTABLE")) GTEST_SKIP() << "FYTABLE is not set";
     }

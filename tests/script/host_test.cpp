@@ -14,7 +14,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class ScriptHostTest : public ::testing::Test {
-  protected:
+protected:
     ScriptHostTest() : host([this](const std::string& l) { out.push_back(l); }) {}
 
     Lines Run(const std::string& script) {
