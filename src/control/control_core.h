@@ -82,6 +82,8 @@ public:
     GridModel indexGrid;
     ToolbarModel toolbar;
     EventRaiser events;
+    // Set by the host; nullptr means the default resolver.
+    PriceKeyResolver* priceKeyResolver = nullptr;
 };
 
 }  // namespace kwfy
