@@ -19,8 +19,12 @@ namespace {
 constexpr int kKeys = 30;
 const std::string kCategory = "建安工程";
 
-std::string Key(int k) { return "$K" + std::to_string(k) + "$"; }
-std::string Code(int row) { return "R" + std::to_string(row); }
+std::string Key(int k) {
+    return "$K" + std::to_string(k) + "$";
+}
+std::string Code(int row) {
+    return "R" + std::to_string(row);
+}
 
 // A small project whose stored formulas name every key, made once per run.
 class SmallProject {

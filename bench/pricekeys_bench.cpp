@@ -21,7 +21,9 @@ constexpr int kKeyPool = 100;       // distinct keys among the prices
 constexpr int kFormulaKeys = 30;    // keys the category's formulas name
 const std::string kCategory = "建安工程";
 
-std::string KeyText(int k) { return "$K" + std::to_string(k) + "$"; }
+std::string KeyText(int k) {
+    return "$K" + std::to_string(k) + "$";
+}
 
 void Exec(sqlite3* db, const char* sql) {
     if (sqlite3_exec(db, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
@@ -73,9 +75,10 @@ public:
             formula += KeyText(f + 1);
             formula += ")*0.5+";
             formula += KeyText(f + 2);
-            project.Execute("INSERT INTO FY (WorkID, QFClass, NodeID, Code, Key, Wffs) "
-                            "VALUES (1,?,0,?,?,?)",
-                            {kCategory, int64_t{f}, "F" + std::to_string(f), formula});
+            project.Execute(
+                "INSERT INTO FY (WorkID, QFClass, NodeID, Code, Key, Wffs) "
+                "VALUES (1,?,0,?,?,?)",
+                {kCategory, int64_t{f}, "F" + std::to_string(f), formula});
         }
         Exec(db, "COMMIT");
         Exec(db, "ANALYZE");

@@ -19,7 +19,7 @@
 namespace kwfy {
 
 class PriceKeyResolver {
-  public:
+public:
     virtual ~PriceKeyResolver() = default;
 
     // The value of a project aggregate key. key is the text as the formula
@@ -47,7 +47,7 @@ class PriceKeyResolver {
 // PriceDifference: always 0 (material price differences need the host's
 // price libraries).
 class DefaultPriceKeyResolver : public PriceKeyResolver {
-  public:
+public:
     double AggregateValue(const std::string& projectDbPath, int16_t workId,
                           const std::string& key) override;
     double PriceDifference(const std::string& dataPath, const std::string& projectDbPath,

@@ -17,13 +17,13 @@ namespace kwfy::calc {
 namespace {
 
 class UpdateBatch {
-  public:
+public:
     explicit UpdateBatch(GridModel& grid) : grid_(grid) { grid_.BeginUpdate(); }
     ~UpdateBatch() { grid_.EndUpdate(); }
     UpdateBatch(const UpdateBatch&) = delete;
     UpdateBatch& operator=(const UpdateBatch&) = delete;
 
-  private:
+private:
     GridModel& grid_;
 };
 

@@ -56,23 +56,30 @@ std::unordered_map<std::string, double> SumPrices(db::Database& project,
     std::unordered_map<std::string, double> sums;
     for (size_t first = 0; first < keys.size(); first += kKeysPerQuery) {
         size_t count = std::min(kKeysPerQuery, keys.size() - first);
+        // The parameters are built in one piece: growing a vector of them
+        // trips a false "maybe uninitialized" warning in GCC 12.
+        std::vector<std::string> texts;
         std::string sql;
-        db::Params params;
+        int64_t id = 0;
         if (nodeId == 0) {
             sql =
                 "SELECT Items_Price.Key AS Key, Sum(Items_Price.Price) AS SumPrice FROM Items_Price"
                 " JOIN Items ON Items_Price.ItemsID=Items.ID WHERE Items.WorkID=?";
-            params.push_back(int64_t{workId});
+            id = workId;
             if (!category.empty()) {
                 sql += " AND Items.QFClass=?";
-                params.push_back(category);
+                texts.push_back(category);
             }
         } else {
             sql = "SELECT Key, Sum(Price) AS SumPrice FROM Items_Price WHERE ItemsID=?";
-            params.push_back(int64_t{nodeId});
+            id = nodeId;
         }
         sql += " AND Items_Price.Key IN (" + Placeholders(count) + ") GROUP BY Items_Price.Key";
-        for (size_t i = first; i < first + count; ++i) params.push_back(keys[i]);
+        texts.insert(texts.end(), keys.begin() + ptrdiff_t(first),
+                     keys.begin() + ptrdiff_t(first + count));
+        db::Params params(texts.size() + 1);
+        params[0] = id;
+        for (size_t i = 0; i < texts.size(); ++i) params[i + 1] = std::move(texts[i]);
         for (auto rs = project.Query(sql, params); !rs.Eof(); rs.MoveNext())
             sums[FoldCase(rs.Text("Key"))] += rs["SumPrice"].Number();
     }

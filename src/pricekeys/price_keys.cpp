@@ -23,7 +23,7 @@ struct KeyPlan {
 // Opens the parameter database on first use: most categories name no
 // display names and never need it.
 class DisplayNames {
-  public:
+public:
     explicit DisplayNames(std::string path) : path_(std::move(path)) {}
 
     std::string Translate(const std::string& text) {
@@ -35,7 +35,7 @@ class DisplayNames {
         return link ? LinkedKey(*link, lookup.withCompanion) : text;
     }
 
-  private:
+private:
     db::Database* Params() {
         if (!opened_) {
             opened_ = true;

@@ -20,7 +20,7 @@ Entries ToEntries(const calc::PriceKeyList& list) {
 }
 
 class PriceKeysTest : public ::testing::Test {
-  protected:
+protected:
     Entries Get(const std::string& category, int32_t nodeId = 0, int16_t workId = 1) {
         return ToEntries(
             GetPriceKeys(fx.DataPath(), fx.ProjectPath(), workId, category, nodeId, resolver));

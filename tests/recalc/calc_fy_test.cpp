@@ -14,7 +14,7 @@ using test::FeeRowSpec;
 using Strings = std::vector<std::string>;
 
 class CalcFYTest : public ::testing::Test {
-  protected:
+protected:
     CalcFYTest() {
         table.SetWorkDBFullName(fx.ProjectPath());
         table.SetDataPath(fx.DataPath());

@@ -33,7 +33,7 @@ void PlaceRows(KW_FYTable& table, const std::vector<FeeRowSpec>& rows);
 std::vector<std::string> Amounts(KW_FYTable& table);
 
 class RecordingUi : public Ui {
-  public:
+public:
     std::vector<MessageRequest> messages;
 
     MsgAnswer MessageBox(const MessageRequest& request) override;
@@ -44,7 +44,7 @@ class RecordingUi : public Ui {
 };
 
 class RecordingListener : public FYTableListener {
-  public:
+public:
     std::vector<double> recalcs;
     void ReCalc(double& p_SumPrice) override { recalcs.push_back(p_SumPrice); }
 };

@@ -14,7 +14,7 @@
 namespace kwfy::test {
 
 class PriceFixture {
-  public:
+public:
     PriceFixture();
 
     const std::string& DataPath() const { return dir_.Path(); }
@@ -35,7 +35,7 @@ class PriceFixture {
     // the disk flush: the tests never outlive a crash.
     db::Database& Project() { return project_; }
 
-  private:
+private:
     TempDir dir_;
     std::string projectPath_;
     db::Database project_;
@@ -43,7 +43,7 @@ class PriceFixture {
 
 // Records every call and answers from a table (0 for keys not in it).
 class RecordingResolver : public PriceKeyResolver {
-  public:
+public:
     struct Call {
         std::string kind;  // "aggregate" or "difference"
         std::string key;
@@ -62,7 +62,7 @@ class RecordingResolver : public PriceKeyResolver {
                            int16_t workId, int32_t nodeId, const std::string& key,
                            const std::string& category) override;
 
-  private:
+private:
     double Answer(const std::string& key) const;
 };
 
