@@ -4,7 +4,9 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
 #include "control/control_core.h"
 #include "db/database.h"
@@ -20,10 +22,21 @@ constexpr int kKeys = 30;
 const std::string kCategory = "建安工程";
 
 std::string Key(int k) {
-    return "$K" + std::to_string(k) + "$";
+    std::string key = "$K";
+    key += std::to_string(k);
+    key += '$';
+    return key;
+}
+std::string KeyWithCompanion(int k) {
+    std::string key = "$K";
+    key += std::to_string(k);
+    key += "!$";
+    return key;
 }
 std::string Code(int row) {
-    return "R" + std::to_string(row);
+    std::string code = "R";
+    code += std::to_string(row);
+    return code;
 }
 
 // A small project whose stored formulas name every key, made once per run.
@@ -45,7 +58,12 @@ public:
                                 {int64_t{item}, Key((item + k) % kKeys), 1.25 * k});
         }
         std::string formula = "<X0>+<X1>+<X2>";
-        for (int k = 0; k < kKeys; ++k) formula += "+" + Key(k) + "+$K" + std::to_string(k) + "!$";
+        for (int k = 0; k < kKeys; ++k) {
+            formula += "+";
+            formula += Key(k);
+            formula += "+";
+            formula += KeyWithCompanion(k);
+        }
         project.Execute("INSERT INTO FY (WorkID, QFClass, NodeID, Code, Wffs) VALUES (1,?,0,1,?)",
                         {kCategory, formula});
         tx.Commit();
@@ -74,6 +92,13 @@ SmallProject& Project() {
     return project;
 }
 
+// Appending avoids a false -Wrestrict warning of GCC 12 on literal + string.
+std::string Concat(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (auto part : parts) text += part;
+    return text;
+}
+
 // Row i's formula and rate; every row refers only to rows above it, and the
 // values stay bounded (ranges are averaged).
 std::pair<std::string, std::string> RowFormula(int i) {
@@ -82,13 +107,13 @@ std::pair<std::string, std::string> RowFormula(int i) {
         case 1:
             return {Key(i % kKeys) + "*2+" + Code(i - 1) + "*0.01", ""};
         case 2:
-            return {"(" + Code(i - 5) + "+...+" + Code(i - 1) + ")/5", ""};
+            return {Concat({"(", Code(i - 5), "+...+", Code(i - 1), ")/5"}), ""};
         case 3:
             return {"<X" + std::to_string(i % 3) + ">+" + Code(i - 2) + "*0.5", ""};
         case 4:
-            return {"(" + Code(i - 1) + "+[" + Code(i - 3) + "])/2", "5%"};
+            return {Concat({"(", Code(i - 1), "+[", Code(i - 3), "])/2"}), "5%"};
         default:
-            return {"$K" + std::to_string((i * 7) % kKeys) + "!$+100", "0.3"};
+            return {KeyWithCompanion((i * 7) % kKeys) + "+100", "0.3"};
     }
 }
 

@@ -22,7 +22,10 @@ constexpr int kFormulaKeys = 30;    // keys the category's formulas name
 const std::string kCategory = "建安工程";
 
 std::string KeyText(int k) {
-    return "$K" + std::to_string(k) + "$";
+    std::string key = "$K";
+    key += std::to_string(k);
+    key += '$';
+    return key;
 }
 
 void Exec(sqlite3* db, const char* sql) {
@@ -78,7 +81,7 @@ public:
             project.Execute(
                 "INSERT INTO FY (WorkID, QFClass, NodeID, Code, Key, Wffs) "
                 "VALUES (1,?,0,?,?,?)",
-                {kCategory, int64_t{f}, "F" + std::to_string(f), formula});
+                {kCategory, int64_t{f}, std::to_string(f), formula});
         }
         Exec(db, "COMMIT");
         Exec(db, "ANALYZE");
