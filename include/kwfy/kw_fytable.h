@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "kwfy/grid_model.h"
+#include "kwfy/price_key_resolver.h"
 #include "kwfy/toolbar_model.h"
 #include "kwfy/ui.h"
 
@@ -60,6 +61,10 @@ public:
     void SetAppPath(const std::string& value);
     void SetDataPath(const std::string& value);
     void SetAppClass(int16_t value);
+    // The resolver of project aggregate and material price-difference keys.
+    // Not owned: it must outlive the control or be replaced first. nullptr
+    // restores DefaultPriceKeyResolver.
+    void SetPriceKeyResolver(PriceKeyResolver* resolver);
 
     // --- Display properties.
     bool ShowBorder() const;

@@ -85,6 +85,8 @@ public:
     ToolbarModel toolbar;
     EventRaiser events;
     ControlEvents handlers{*this};  // receives the grid's and the toolbar's user events
+    // Set by the host; nullptr means the default resolver.
+    PriceKeyResolver* priceKeyResolver = nullptr;
 };
 
 }  // namespace kwfy
