@@ -1,6 +1,6 @@
 #include "rates/rate_catalogue.h"
 
-#include <map>
+#include <set>
 #include <utility>
 
 #include "db/paths.h"
@@ -40,6 +40,13 @@ std::string Trim(const std::string& s) {
 db::Recordset ValueRows(db::Database& rateStd, int flid, const std::string& cls) {
     return rateStd.Query("SELECT * FROM FY_FL_Value WHERE FLID=? AND Class=? ORDER BY rowid",
                          {int64_t(flid), cls});
+}
+
+// Text columns compare without regard to ASCII case, as the tables do.
+std::string FoldCase(std::string s) {
+    for (char& c : s)
+        if (c >= 'A' && c <= 'Z') c = char(c - 'A' + 'a');
+    return s;
 }
 
 // The selector of a threshold ruler ("" when it has no selector clause).
@@ -162,34 +169,30 @@ void SaveProjectFL(db::Database& project, int16_t workId, const std::string& key
 std::string GetFLByMark(db::Database& project, int16_t workId, db::Database& rateStd,
                         const std::string& key, const std::string& category,
                         const std::string& cls) {
-    auto entry = rateStd.Query("SELECT * FROM FY_FL WHERE Key=?", {key});
-    if (entry.Eof()) return "";
-    const int64_t id = entry["ID"].Int();
+    // The first catalogue entry of the key, then its value rows in table order.
+    const std::string entry = "(SELECT ID FROM FY_FL WHERE Key=? ORDER BY rowid LIMIT 1)";
     auto values =
         cls.empty()
-            ? rateStd.Query("SELECT * FROM FY_FL_Value WHERE FLID=? ORDER BY rowid", {id})
-            : rateStd.Query("SELECT * FROM FY_FL_Value WHERE FLID=? AND Class=? ORDER BY rowid",
-                            {id, cls});
-    // Many value rows repeat the same clauses; ask the project once per clause.
-    std::map<std::pair<std::string, std::string>, bool> chosen;
-    auto isChosen = [&](const std::string& mark, const std::string& choice) {
-        auto [it, fresh] = chosen.try_emplace({mark, choice}, false);
-        if (fresh)
-            it->second = !project
-                              .Query(
-                                  "SELECT * FROM FY_Mark WHERE MarkKey=? AND Value=? AND "
-                                  "WorkID=? AND QFClass=?",
-                                  {mark, choice, int64_t(workId), category})
-                              .Eof();
-        return it->second;
-    };
+            ? rateStd.Query("SELECT * FROM FY_FL_Value WHERE FLID=" + entry + " ORDER BY rowid",
+                            {key})
+            : rateStd.Query(
+                  "SELECT * FROM FY_FL_Value WHERE FLID=" + entry + " AND Class=? ORDER BY rowid",
+                  {key, cls});
+    if (values.Eof()) return "";
+    // The project's choices, read once: value rows repeat the same clauses.
+    std::set<std::pair<std::string, std::string>> chosen;
+    auto marks = project.Query("SELECT MarkKey, Value FROM FY_Mark WHERE WorkID=? AND QFClass=?",
+                               {int64_t(workId), category});
+    for (; !marks.Eof(); marks.MoveNext())
+        chosen.emplace(FoldCase(marks.Text("MarkKey")), FoldCase(marks.Text("Value")));
     for (; !values.Eof(); values.MoveNext()) {
         const std::string ruler = values.Text("Ruler");
         const int n = GetFieldCount(ruler, ',');
         bool all = n > 0;
         for (int k = 1; all && k <= n; ++k) {
             const std::string clause = GetField(ruler, ',', k);
-            all = isChosen(GetField(clause, '=', 1), GetField(clause, '=', 2));
+            all = chosen.count(
+                {FoldCase(GetField(clause, '=', 1)), FoldCase(GetField(clause, '=', 2))});
         }
         if (all) return values.Text("Value");
     }
