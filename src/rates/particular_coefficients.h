@@ -50,11 +50,12 @@ void AnalyzeGFLCoe(ControlCore& core, const std::string& p_Text, const std::stri
 
 // Re-resolves the rates of all rows with a new fee coefficient. Mode 2 (class
 // columns, category-wide table): particular-coefficient rows are computed
-// again from their stored quantities, other rows from their marks, and every
-// class cell written is stored. Mode 1: the "费率" cell of each row from its
-// marks (not stored, so that it keeps following the marks). Rows without a
-// key and composite rows are left alone; so is a cell whose rate resolves to
-// nothing.
+// again from their stored quantities (the transfer in the table of its stored
+// kind), other rows from their marks, and every class cell written is stored.
+// Mode 1: the "费率" cell of each row from its marks (not stored, so that it
+// keeps following the marks). Rows without a key and composite rows are left
+// alone; so is a cell whose rate resolves to nothing. Runs inside the caller's
+// transaction on files.Project().
 void ApplyFYCoe(ControlCore& core, RateFiles& files, int mode, double coefficient);
 
 // Writes the fee coefficient into every FY_FLFileName row of the project.
