@@ -24,7 +24,7 @@ bool IsCompositeKey(const std::string& key) {
 
 // Evaluates the composite rates of one column.
 class StarColumn {
-  public:
+public:
     StarColumn(ControlCore& core, int col)
         : fee_(core.fee), col_(col), active_(size_t(fee_.LastRow()) + 1, false) {}
 
@@ -49,7 +49,7 @@ class StarColumn {
         fee_.Grid().SetText(row, col_, RateCellText(calc::EvalExpression(formula)));
     }
 
-  private:
+private:
     double OperandRate(std::string_view code) {
         const int row = FindRow(code);
         if (row < 0) return 0;

@@ -32,7 +32,7 @@ class KW_FYTable;
 namespace kwfy::rates {
 
 class FrmFLParticular : public Dialog {
-  public:
+public:
     enum class Section { None, Subsidy, Transfer, Region };
 
     // Set up, then LoadData, then show.
@@ -60,7 +60,7 @@ class FrmFLParticular : public Dialog {
     bool SetField(const std::string& name, const std::string& value, Ui& ui) override;
     bool Accept(Ui& ui) override;
 
-  private:
+private:
     std::string* FieldSlot(const std::string& name);
     bool InShownSection(const std::string& name) const;
     void Handle(const std::string& name);

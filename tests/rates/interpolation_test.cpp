@@ -6,7 +6,7 @@ namespace kwfy::test {
 namespace {
 
 class InterpolationTest : public RatesFixture {
-  protected:
+protected:
     std::string Interpolate(const std::string& quantity, const std::string& list = "") {
         rates::RateFiles files(core);
         core.grid.SetText(1, 4, "unchanged");

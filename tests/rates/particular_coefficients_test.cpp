@@ -16,7 +16,7 @@ TEST(ComputeZFSBTTest, ProductsAreRoundedToCentsBeforeTheSum) {
 }
 
 class ParticularTest : public RatesFixture {
-  protected:
+protected:
     void AddRegionRate(const std::string& cls) {
         const int64_t id = rateStd.AddRate(rates::kRegionRateKey);
         rateStd.AddValue(id, cls, "R=一类地区", "3%");

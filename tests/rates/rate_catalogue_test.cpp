@@ -36,7 +36,7 @@ TEST(GetFieldTest, CutsOutsideApostrophes) {
 }
 
 class CatalogueTest : public RatesFixture {
-  protected:
+protected:
     db::Database& Std() { return rateStd.Db(); }
 };
 

@@ -21,13 +21,13 @@ struct FeeLine {
 };
 
 class AfterEditCounter : public FYTableListener {
-  public:
+public:
     void AfterEdit() override { ++count; }
     int count = 0;
 };
 
 class RatesFixture : public ::testing::Test {
-  protected:
+protected:
     RatesFixture() {
         core.ctx.WorkID = 1;
         core.ctx.WorkDBFullName = project.Path();
