@@ -1,0 +1,151 @@
+#include "rates/condition_marks.h"
+
+#include <gtest/gtest.h>
+
+#include "feetable/class_columns.h"
+#include "mark_fixture.h"
+
+namespace kwfy::test {
+namespace {
+
+using namespace kwfy::rates;
+
+class ConditionMarksTest : public MarkFixture {};
+
+TEST_F(ConditionMarksTest, RatesSharingAMarkGetOneBox) {
+    StoreRows({"FL_JJF", "FL_GLF", "3%", ""});
+    BuildMarkTools(core, "建安费");
+
+    EXPECT_EQ(core.work.MarkKeys, (std::vector<std::string>{"DQ", "DX"}));
+    const auto keys = ToolKeys("Main");
+    ASSERT_EQ(keys.size(), 11u);  // DX is not defined: no tools
+    EXPECT_EQ(keys[10], "A1");
+    const Band& main = core.toolbar.GetBand("Main");
+    EXPECT_EQ(main.At(9).kind, ToolKind::Label);
+    EXPECT_EQ(main.At(9).caption, "地区类别");
+    EXPECT_EQ(main.At(9).width, 1200);
+    const Tool& box = main.At(10);
+    EXPECT_EQ(box.kind, ToolKind::Combo);
+    EXPECT_EQ(box.width, 2600);
+    EXPECT_EQ(box.items, (std::vector<std::string>{"一类地区", "二类地区", "三类地区（山区）"}));
+    EXPECT_EQ(StoredChoices(), (std::vector<std::string>{"DQ=一类地区"}));
+}
+
+TEST_F(ConditionMarksTest, StoredChoiceIsSelectedElseFirstValueReplacesIt) {
+    struct Case {
+        const char* stored;
+        const char* shown;
+    } cases[] = {{"二类地区", "二类地区"}, {"五类地区", "一类地区"}};
+    for (const auto& c : cases) {
+        Db().Execute("DELETE FROM FY_Mark");
+        StoreChoice("DQ", c.stored);
+        StoreRows({"FL_JJF"});
+        BuildMarkTools(core, "建安费");
+        const Tool* box = core.toolbar.FindTool("Main", "A1");
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->items.at(size_t(box->listIndex)), c.shown);
+        EXPECT_EQ(StoredChoices(), (std::vector<std::string>{std::string("DQ=") + c.shown}));
+    }
+}
+
+TEST_F(ConditionMarksTest, NoMarksLeaveTheNineStandardTools) {
+    core.toolbar.GetBand("Main").Add(Tool{.key = "A1", .kind = ToolKind::Combo});
+    StoreRows({"3%", "FL_UNKNOWN"});
+    BuildMarkTools(core, "建安费");
+    EXPECT_EQ(ToolKeys("Main").size(), 9u);
+    EXPECT_TRUE(core.work.MarkKeys.empty());
+    EXPECT_EQ(core.grid.Cols(), 12);  // the grid was laid out afresh
+}
+
+TEST_F(ConditionMarksTest, RefreshAppliesCoefficientToMarkRatesOnly) {
+    StoreChoice("DQ", "一类地区");
+    core.work.RateMode = 1;
+    core.work.FYCoe = 1.2;
+    GridRows({{"FL_JJF", ""}, {"3%", "3%"}, {"2", "2"}, {"FL_GLF", "9%"}});
+    RefreshMarkRates(core);
+    EXPECT_EQ(core.fee.rate(1), "6%");
+    EXPECT_EQ(core.fee.rate(2), "3%");
+    EXPECT_EQ(core.fee.rate(3), "2");
+    EXPECT_EQ(core.fee.rate(4), "");  // no value applies
+
+    Db().Execute("UPDATE FY_Mark SET Value='二类地区'");
+    RefreshMarkRates(core);
+    EXPECT_EQ(core.fee.rate(1), "");  // a value of 0 shows empty
+}
+
+TEST_F(ConditionMarksTest, RefreshInClassViewFillsFocusRowsClassCells) {
+    StoreChoice("DQ", "一类地区");
+    auto db = Db();
+    db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('土建', 1, 1)");
+    db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('安装', 1, 2)");
+    core.fee.SetColumnIndexes();
+    core.fee.InitGridLayout();
+    feetable::LoadClassCols(core);
+    core.work.RateMode = 2;
+    core.work.FYCoe = 1.2;
+    GridRows({{"FL_JJF", ""}, {"FL_JJF", ""}});
+    core.grid.SetCurrentCell(2, 2);
+    RefreshMarkRates(core);
+    const int first = core.fee.Columns().classFirst;
+    EXPECT_EQ(core.grid.Text(2, first), "4.8%");
+    EXPECT_EQ(core.grid.Text(2, first + 1), "8.4%");
+    EXPECT_EQ(core.grid.Text(1, first), "");  // other rows follow at the next load
+}
+
+TEST_F(ConditionMarksTest, ChoiceOnFloatingBandFollowsToMainAndIsStored) {
+    auto ids = StoreRows({"FL_JJF", "FL_GLF", "FL_QT"});
+    core.work.RateMode = 1;
+    BuildMarkTools(core, "建安费");
+    GridRows({{"FL_JJF", ""}});
+    ShowMarkPanel(core, ids[1]);
+    EXPECT_EQ(ToolKeys("FloatForm"), (std::vector<std::string>{"LA1", "A1"}));
+
+    Tool* floating = &core.toolbar.GetBand("FloatForm").At(1);
+    EXPECT_EQ(floating->width, 1900);  // widest value: 8 wide characters
+    floating->listIndex = 1;
+    OnMarkBoxChanged(core, "A1");
+    EXPECT_EQ(core.toolbar.FindTool("Main", "A1")->listIndex, 1);
+    EXPECT_EQ(StoredChoices(), (std::vector<std::string>{"DQ=二类地区"}));
+    EXPECT_EQ(events.afterEdit, 1);
+    EXPECT_EQ(ui.FocusRequests(), 1);
+    EXPECT_EQ(core.fee.rate(1), "");  // 二类地区 gives 0
+
+    core.work.Busy = true;
+    OnMarkBoxChanged(core, "A1");
+    EXPECT_EQ(events.afterEdit, 1);
+}
+
+TEST_F(ConditionMarksTest, PanelOfRowWithParticularCoefficientsIsOneButton) {
+    auto ids = StoreRows({"FL_QT"});
+    ShowMarkPanel(core, ids[0]);
+    const Band& band = core.toolbar.GetBand("FloatForm");
+    ASSERT_EQ(band.Count(), 1);
+    EXPECT_EQ(band.At(0).key, "tPatFLVar");
+    EXPECT_EQ(band.At(0).id, 3001);
+    EXPECT_EQ(band.At(0).caption, "费率设置");
+    EXPECT_EQ(band.At(0).picture, "/opt/app/Ico/RedBall.bmp");
+}
+
+TEST(MarkTextWidthTest, CountsCodePoints) {
+    struct Case {
+        const char* text;
+        int width;
+    } cases[] = {{"", 0}, {"abc", 3}, {"一类地区", 8}, {"A一b", 4}, {"é", 1}, {"\xff", 2}};
+    for (const auto& c : cases) EXPECT_EQ(GetTextWidth(c.text), c.width) << c.text;
+    EXPECT_EQ(GetToolWidth(0), 1200);
+    EXPECT_EQ(GetToolWidth(9), 1200);
+    EXPECT_EQ(GetToolWidth(10), 1300);
+}
+
+TEST(MarkBoxKeyTest, OnlyANumberedBoxIsAMarkBox) {
+    struct Case {
+        const char* key;
+        int k;
+    } cases[] = {{"A1", 1}, {"A12", 12}, {"A", 0},        {"A0", 0},
+                 {"Ax", 0}, {"A1x", 0},  {"Edit_Kind", 0}};
+    for (const auto& c : cases) EXPECT_EQ(MarkBoxNumber(c.key), c.k) << c.key;
+    EXPECT_EQ(MarkBoxKey(3), "A3");
+}
+
+}  // namespace
+}  // namespace kwfy::test
