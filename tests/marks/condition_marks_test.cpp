@@ -49,7 +49,7 @@ TEST_F(ConditionMarksTest, StoredChoiceIsSelectedElseFirstValueReplacesIt) {
 }
 
 TEST_F(ConditionMarksTest, NoMarksLeaveTheNineStandardTools) {
-    core.toolbar.GetBand("Main").Add(Tool{.key = "A1", .kind = ToolKind::Combo});
+    core.toolbar.GetBand("Main").Add(NamedTool("A1", ToolKind::Combo));
     StoreRows({"3%", "FL_UNKNOWN"});
     BuildMarkTools(core, "建安费");
     EXPECT_EQ(ToolKeys("Main").size(), 9u);

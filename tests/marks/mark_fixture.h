@@ -54,10 +54,17 @@ class MarkFixture : public ::testing::Test {
         core.work.RateStdPath = rateStd;
         core.events.Add(&events);
         Band& main = core.toolbar.GetBand("Main");
-        for (int i = 0; i < 9; ++i) main.Add(Tool{.key = "Std" + std::to_string(i)});
+        for (int i = 0; i < 9; ++i) main.Add(NamedTool("Std" + std::to_string(i)));
     }
 
     db::Database Db() { return db::Database::Open(path); }
+
+    static Tool NamedTool(std::string key, ToolKind kind = ToolKind::Button) {
+        Tool t;
+        t.key = std::move(key);
+        t.kind = kind;
+        return t;
+    }
 
     // Stored FY rows of the category, one per rate text; returns their IDs.
     std::vector<int64_t> StoreRows(const std::vector<std::string>& rates) {
