@@ -78,8 +78,6 @@ TEST_F(ConditionMarksTest, RefreshInClassViewFillsFocusRowsClassCells) {
     auto db = Db();
     db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('土建', 1, 1)");
     db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('安装', 1, 2)");
-    core.fee.SetColumnIndexes();
-    core.fee.InitGridLayout();
     feetable::LoadClassCols(core);
     core.work.RateMode = 2;
     core.work.FYCoe = 1.2;

@@ -53,6 +53,8 @@ class MarkFixture : public ::testing::Test {
         core.work.CurQFClass = "建安费";
         core.work.RateStdPath = rateStd;
         core.events.Add(&events);
+        core.fee.SetColumnIndexes();
+        core.fee.InitGridLayout();
         Band& main = core.toolbar.GetBand("Main");
         for (int i = 0; i < 9; ++i) main.Add(NamedTool("Std" + std::to_string(i)));
     }
