@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "control/control_events.h"
 #include "feetable/fee_grid.h"
 #include "kwfy/grid_model.h"
 #include "kwfy/kw_fytable.h"
@@ -38,6 +39,7 @@ struct DisplayState {
     bool HideCoeComboBox = false;
     int width = 0;   // twips
     int height = 0;  // twips
+    ControlLayout layout;  // where the last Resize placed the toolbar and grids
 };
 
 struct WorkingState {
@@ -82,6 +84,7 @@ public:
     GridModel indexGrid;
     ToolbarModel toolbar;
     EventRaiser events;
+    ControlEvents handlers{*this};  // receives the grid's and the toolbar's user events
 };
 
 }  // namespace kwfy
