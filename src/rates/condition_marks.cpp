@@ -21,6 +21,14 @@ bool Contains(const std::vector<std::string>& list, const std::string& s) {
 
 }  // namespace
 
+void TrimMainBand(ToolbarModel& toolbar) {
+    Band& main = toolbar.GetBand(kMainBand);
+    int keep = 0;
+    for (int tools = 0; keep < main.Count() && tools < kMainStandardTools; ++keep)
+        if (main.At(keep).kind != ToolKind::Separator) ++tools;
+    while (main.Count() > keep) main.DeleteAt(keep);
+}
+
 std::string MarkBoxKey(int k) {
     return "A" + std::to_string(k);
 }
@@ -119,8 +127,8 @@ void BuildMarkTools(ControlCore& core, const std::string& category) {
     core.fee.InitGridLayout();
     auto& marks = core.work.MarkKeys;
     marks.clear();
+    TrimMainBand(core.toolbar);
     Band& main = core.toolbar.GetBand(kMainBand);
-    while (main.Count() > kMainStandardTools) main.DeleteAt(kMainStandardTools);
 
     RateFiles files(core);
     if (files.RateStdExists()) {

@@ -18,13 +18,16 @@
 
 namespace kwfy::rates {
 
-// Tools the band "Main" keeps before the mark tools.
+// Tools the band "Main" keeps before the mark tools (separators not counted).
 constexpr int kMainStandardTools = 9;
 constexpr int kMarkLabelWidth = 1200;
 constexpr int kMarkBoxWidth = 2600;
 // The "FloatForm" button of rows with particular coefficients.
 inline const char kPatCoeTool[] = "tPatFLVar";
 constexpr int kPatCoeToolId = 3001;
+
+// Removes from "Main" every tool after its standard tools.
+void TrimMainBand(ToolbarModel& toolbar);
 
 // The key of the choice box of mark k ("A1", "A2" ...), and its inverse: the
 // mark number of a box key, 0 when the key names no choice box.

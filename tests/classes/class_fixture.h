@@ -1,5 +1,5 @@
-// A control core on a fresh project database laid out as after a load, for
-// the project class tests.
+// A control on a fresh project database, laid out as after a load, for the
+// project class and condition mark tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,14 +10,16 @@
 #include "control/control_core.h"
 #include "db/database.h"
 #include "db/schema.h"
+#include "kwfy/kw_fytable.h"
 #include "platform/scripted_ui.h"
 #include "support/temp_dir.h"
 
 namespace kwfy::test {
 
 struct EventCounter : FYTableListener {
-    int editClass = 0;
+    int editClass = 0, afterEdit = 0;
     void EditClass() override { ++editClass; }
+    void AfterEdit() override { ++afterEdit; }
 };
 
 class ClassFixture : public ::testing::Test {
@@ -28,9 +30,7 @@ class ClassFixture : public ::testing::Test {
         core.ctx.WorkDBFullName = path;
         core.ctx.WorkID = 1;
         core.work.CurQFClass = "建安费";
-        core.events.Add(&events);
-        core.fee.SetColumnIndexes();
-        core.fee.InitGridLayout();
+        control.AddListener(&events);
     }
 
     db::Database Db() { return db::Database::Open(path); }
@@ -49,21 +49,20 @@ class ClassFixture : public ::testing::Test {
         return out;
     }
 
-    // Appends data rows with the given stored rate specifications.
-    void AddRows(const std::vector<std::string>& specs) {
+    // Data rows as the loader leaves them: stored rate text and shown rate.
+    void AddRows(const std::vector<std::string>& specs, const std::string& rate = {}) {
         for (const auto& spec : specs) {
             core.grid.AddRow();
-            const int r = core.grid.Rows() - 1;
-            core.fee.setKey(r, "K" + std::to_string(r));
-            core.fee.setRateSpec(r, spec);
+            core.fee.setRateSpec(core.grid.Rows() - 1, spec);
+            core.fee.setRate(core.grid.Rows() - 1, rate);
         }
     }
 
     std::vector<std::string> Captions() {
         std::vector<std::string> out;
         const auto& cols = core.fee.Columns();
-        if (!core.fee.HasClassCols()) return out;
-        for (int c = cols.classFirst; c <= cols.classLast; ++c) out.push_back(core.fee.caption(c));
+        for (int c = cols.classFirst; core.fee.HasClassCols() && c <= cols.classLast; ++c)
+            out.push_back(core.fee.caption(c));
         return out;
     }
 
@@ -77,7 +76,8 @@ class ClassFixture : public ::testing::Test {
     TempDir dir;
     std::string path;
     ScriptedUi ui;
-    ControlCore core{ui};
+    KW_FYTable control{ui};
+    ControlCore& core = control.Core();
     EventCounter events;
 };
 

@@ -2,15 +2,73 @@
 
 #include <gtest/gtest.h>
 
+#include "classes/class_fixture.h"
 #include "feetable/class_columns.h"
-#include "mark_fixture.h"
 
 namespace kwfy::test {
 namespace {
 
 using namespace kwfy::rates;
 
-class ConditionMarksTest : public MarkFixture {};
+// Rate standard: FL_JJF depends on DQ; FL_GLF on DQ and DX (DX is not
+// defined); FL_QT has particular coefficients. FL_JJF is 5% in 一类地区 and 0
+// in 二类地区 for any class, 4% and 7 for the classes 土建 and 安装.
+class ConditionMarksTest : public ClassFixture {
+  protected:
+    void SetUp() override {
+        ClassFixture::SetUp();
+        core.ctx.AppPath = "/opt/app";
+        core.work.RateStdPath = dir.File("std.RXFL");
+        db::CreateFile(core.work.RateStdPath, db::FileKind::RateStandard);
+        auto rs = db::Database::Open(core.work.RateStdPath);
+        for (const char* sql :
+             {"INSERT INTO FY_FL (ID, Key) VALUES (1, 'FL_JJF'), (2, 'FL_GLF'), (3, 'FL_QT')",
+              "INSERT INTO FY_FL_WithMark (FLID, WithMarkKey) VALUES (1,'DQ'), (2,'DQ'), (2,'DX')",
+              "INSERT INTO FY_Mark (Key, ShortName, WithItem) "
+              "VALUES ('DQ', '地区类别', '一类地区|二类地区|三类地区（山区）')",
+              "INSERT INTO FY_FL_Value (FLID, Class, Ruler, Value) VALUES "
+              "(1, '', 'DQ=一类地区', '5%'), (1, '', 'DQ=二类地区', '0'), "
+              "(1, '土建', 'DQ=一类地区', '4%'), (1, '安装', 'DQ=一类地区', '7')",
+              "INSERT INTO PatCoe (Class, Key, Coe) VALUES ('FL_QT', 'GLF', '1')"})
+            rs.Execute(sql);
+    }
+
+    // Stored FY rows of the category, one per rate text; returns their IDs.
+    std::vector<int64_t> StoreRows(const std::vector<std::string>& rates) {
+        auto db = Db();
+        std::vector<int64_t> ids;
+        for (const auto& fl : rates) {
+            auto t = db.OpenTable("FY");
+            t.AddNew();
+            t.Set("WorkID", int64_t(1));
+            t.Set("QFClass", core.work.CurQFClass);
+            t.Set("FL", fl);
+            t.Update();
+            ids.push_back(t.LastID());
+        }
+        return ids;
+    }
+
+    void StoreChoice(const std::string& value) {
+        Db().Execute("INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (1,?,'DQ',?)",
+                     {core.work.CurQFClass, value});
+    }
+
+    // "mark=value" of every stored choice of the project and category.
+    std::vector<std::string> StoredChoices() {
+        std::vector<std::string> out;
+        auto rs = Db().Query("SELECT * FROM FY_Mark WHERE WorkID=1 AND QFClass=?",
+                             {core.work.CurQFClass});
+        for (; !rs.Eof(); rs.MoveNext()) out.push_back(rs.Text("MarkKey") + "=" + rs.Text("Value"));
+        return out;
+    }
+
+    std::vector<std::string> ToolKeys(const std::string& band) {
+        std::vector<std::string> out;
+        for (const auto& t : core.toolbar.GetBand(band).Tools()) out.push_back(t.key);
+        return out;
+    }
+};
 
 TEST_F(ConditionMarksTest, RatesSharingAMarkGetOneBox) {
     StoreRows({"FL_JJF", "FL_GLF", "3%", ""});
@@ -18,13 +76,14 @@ TEST_F(ConditionMarksTest, RatesSharingAMarkGetOneBox) {
 
     EXPECT_EQ(core.work.MarkKeys, (std::vector<std::string>{"DQ", "DX"}));
     const auto keys = ToolKeys("Main");
-    ASSERT_EQ(keys.size(), 11u);  // DX is not defined: no tools
-    EXPECT_EQ(keys[10], "A1");
+    ASSERT_EQ(keys.size(), 13u);  // DX is not defined: no tools
+    EXPECT_EQ(keys[10], "Edit_FLFile");
+    EXPECT_EQ(keys[12], "A1");
     const Band& main = core.toolbar.GetBand("Main");
-    EXPECT_EQ(main.At(9).kind, ToolKind::Label);
-    EXPECT_EQ(main.At(9).caption, "地区类别");
-    EXPECT_EQ(main.At(9).width, 1200);
-    const Tool& box = main.At(10);
+    EXPECT_EQ(main.At(11).kind, ToolKind::Label);
+    EXPECT_EQ(main.At(11).caption, "地区类别");
+    EXPECT_EQ(main.At(11).width, 1200);
+    const Tool& box = main.At(12);
     EXPECT_EQ(box.kind, ToolKind::Combo);
     EXPECT_EQ(box.width, 2600);
     EXPECT_EQ(box.items, (std::vector<std::string>{"一类地区", "二类地区", "三类地区（山区）"}));
@@ -38,7 +97,7 @@ TEST_F(ConditionMarksTest, StoredChoiceIsSelectedElseFirstValueReplacesIt) {
     } cases[] = {{"二类地区", "二类地区"}, {"五类地区", "一类地区"}};
     for (const auto& c : cases) {
         Db().Execute("DELETE FROM FY_Mark");
-        StoreChoice("DQ", c.stored);
+        StoreChoice(c.stored);
         StoreRows({"FL_JJF"});
         BuildMarkTools(core, "建安费");
         const Tool* box = core.toolbar.FindTool("Main", "A1");
@@ -49,19 +108,24 @@ TEST_F(ConditionMarksTest, StoredChoiceIsSelectedElseFirstValueReplacesIt) {
 }
 
 TEST_F(ConditionMarksTest, NoMarksLeaveTheNineStandardTools) {
-    core.toolbar.GetBand("Main").Add(NamedTool("A1", ToolKind::Combo));
+    Tool stale;
+    stale.key = "A1";
+    core.toolbar.GetBand("Main").Add(stale);
     StoreRows({"3%", "FL_UNKNOWN"});
     BuildMarkTools(core, "建安费");
-    EXPECT_EQ(ToolKeys("Main").size(), 9u);
+    EXPECT_EQ(ToolKeys("Main").back(), "Edit_FLFile");  // nine tools and two separators
     EXPECT_TRUE(core.work.MarkKeys.empty());
     EXPECT_EQ(core.grid.Cols(), 12);  // the grid was laid out afresh
 }
 
 TEST_F(ConditionMarksTest, RefreshAppliesCoefficientToMarkRatesOnly) {
-    StoreChoice("DQ", "一类地区");
+    StoreChoice("一类地区");
     core.work.RateMode = 1;
     core.work.FYCoe = 1.2;
-    GridRows({{"FL_JJF", ""}, {"3%", "3%"}, {"2", "2"}, {"FL_GLF", "9%"}});
+    AddRows({"FL_JJF"});
+    AddRows({"3%"}, "3%");
+    AddRows({"2"}, "2");
+    AddRows({"FL_GLF"}, "9%");
     RefreshMarkRates(core);
     EXPECT_EQ(core.fee.rate(1), "6%");
     EXPECT_EQ(core.fee.rate(2), "3%");
@@ -74,14 +138,14 @@ TEST_F(ConditionMarksTest, RefreshAppliesCoefficientToMarkRatesOnly) {
 }
 
 TEST_F(ConditionMarksTest, RefreshInClassViewFillsFocusRowsClassCells) {
-    StoreChoice("DQ", "一类地区");
+    StoreChoice("一类地区");
     auto db = Db();
     db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('土建', 1, 1)");
     db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('安装', 1, 2)");
     feetable::LoadClassCols(core);
     core.work.RateMode = 2;
     core.work.FYCoe = 1.2;
-    GridRows({{"FL_JJF", ""}, {"FL_JJF", ""}});
+    AddRows({"FL_JJF", "FL_JJF"});
     core.grid.SetCurrentCell(2, 2);
     RefreshMarkRates(core);
     const int first = core.fee.Columns().classFirst;
@@ -94,7 +158,7 @@ TEST_F(ConditionMarksTest, ChoiceOnFloatingBandFollowsToMainAndIsStored) {
     auto ids = StoreRows({"FL_JJF", "FL_GLF", "FL_QT"});
     core.work.RateMode = 1;
     BuildMarkTools(core, "建安费");
-    GridRows({{"FL_JJF", ""}});
+    AddRows({"FL_JJF"});
     ShowMarkPanel(core, ids[1]);
     EXPECT_EQ(ToolKeys("FloatForm"), (std::vector<std::string>{"LA1", "A1"}));
 
