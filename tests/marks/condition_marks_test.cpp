@@ -88,6 +88,10 @@ TEST_F(ConditionMarksTest, RatesSharingAMarkGetOneBox) {
     EXPECT_EQ(box.width, 2600);
     EXPECT_EQ(box.items, (std::vector<std::string>{"一类地区", "二类地区", "三类地区（山区）"}));
     EXPECT_EQ(StoredChoices(), (std::vector<std::string>{"DQ=一类地区"}));
+
+    ASSERT_TRUE(core.toolbar.UserChoose("A1", "二类地区"));  // through the control's sink
+    EXPECT_EQ(StoredChoices(), (std::vector<std::string>{"DQ=二类地区"}));
+    EXPECT_EQ(events.afterEdit, 1);
 }
 
 TEST_F(ConditionMarksTest, StoredChoiceIsSelectedElseFirstValueReplacesIt) {
