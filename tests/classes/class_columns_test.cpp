@@ -22,12 +22,12 @@ struct FlagProbe : GridObserver {
 };
 
 class ClassColumnsTest : public ClassFixture {
-  protected:
+protected:
     // Three projects' classes; project 1 has 土建 then 安装.
     void SeedClasses() {
-        AddClass("安装", 1, 2);
-        AddClass("土建", 1, 1);
-        AddClass("桥梁", 2, 3);
+        project.AddClass("安装", 1, 2);
+        project.AddClass("土建", 1, 1);
+        project.AddClass("桥梁", 2, 3);
     }
     bool RowGrey(int row, int col) { return core.grid.CellBackColor(row, col) == kClassGreyColor; }
 };
@@ -59,7 +59,7 @@ TEST_F(ClassColumnsTest, LoadBuildsProjectColumnsInOrderAndReindexes) {
 }
 
 TEST_F(ClassColumnsTest, LoadWithoutClassesLeavesTheLayout) {
-    AddClass("桥梁", 2, 1);
+    project.AddClass("桥梁", 2, 1);
     LoadClassCols(core);
     EXPECT_EQ(core.grid.Cols(), 12);
     EXPECT_FALSE(core.fee.HasClassCols());
@@ -131,17 +131,11 @@ TEST_F(ClassColumnsTest, InsertBeforeFirstRenumbersEveryProject) {
 
 TEST_F(ClassColumnsTest, DeleteRemovesOnlyThisCategorysRatesOfThisProject) {
     SeedClasses();
-    AddClass("土建X", 2, 5);
-    auto db = Db();
-    const char* ins = "INSERT INTO FY_FL (WorkID, QFClass, FL, Class, Value) VALUES (?,?,?,?,?)";
-    db.Execute(ins, {int64_t(1), std::string("建安费"), std::string("FL_A"), std::string("土建"),
-                     std::string("1")});
-    db.Execute(ins, {int64_t(1), std::string("其他费"), std::string("FL_A"), std::string("土建"),
-                     std::string("2")});
-    db.Execute(ins, {int64_t(2), std::string("建安费"), std::string("FL_A"), std::string("土建"),
-                     std::string("3")});
-    db.Execute(ins, {int64_t(1), std::string("建安费"), std::string("FL_A"), std::string("安装"),
-                     std::string("4")});
+    project.AddClass("土建X", 2, 5);
+    project.AddFL(1, "建安费", "FL_A", "土建", "1");
+    project.AddFL(1, "其他费", "FL_A", "土建", "2");
+    project.AddFL(2, "建安费", "FL_A", "土建", "3");
+    project.AddFL(1, "建安费", "FL_A", "安装", "4");
     LoadClassCols(core);
     AddRows({"FL_A"});
     SelectColumnOf("土建");
@@ -150,7 +144,7 @@ TEST_F(ClassColumnsTest, DeleteRemovesOnlyThisCategorysRatesOfThisProject) {
 
     EXPECT_EQ(StoredClasses(1), (std::vector<std::string>{"安装:2"}));
     std::vector<std::string> left;
-    auto rs = db.Query("SELECT * FROM FY_FL ORDER BY Value");
+    auto rs = Db().Query("SELECT * FROM FY_FL ORDER BY Value");
     for (; !rs.Eof(); rs.MoveNext()) left.push_back(rs.Text("Value"));
     EXPECT_EQ(left, (std::vector<std::string>{"2", "3", "4"}));
     EXPECT_EQ(Captions(), (std::vector<std::string>{"安装"}));

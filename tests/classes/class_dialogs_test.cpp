@@ -13,7 +13,7 @@ using feetable::FrmColValue;
 class ClassDialogsTest : public ClassFixture {};
 
 TEST_F(ClassDialogsTest, FrmClassValidatesOverTheWholeTable) {
-    AddClass("土建", 2, 1);  // another project's class
+    project.AddClass("土建", 2, 1);  // another project's class
     struct Case {
         const char* typed;
         bool accepted;
@@ -27,7 +27,7 @@ TEST_F(ClassDialogsTest, FrmClassValidatesOverTheWholeTable) {
     for (const auto& c : cases) {
         ui = ScriptedUi();
         FrmClass dialog;
-        dialog.SetWorkFileName(path);
+        dialog.SetWorkFileName(project.Path());
         EXPECT_EQ(dialog.UnloadState(), 0);
         ASSERT_TRUE(dialog.SetField("txtName", c.typed, ui));
         EXPECT_EQ(dialog.Accept(ui), c.accepted) << c.typed;
@@ -43,7 +43,7 @@ TEST_F(ClassDialogsTest, FrmClassValidatesOverTheWholeTable) {
 
 TEST_F(ClassDialogsTest, FrmClassCancelLeavesNoName) {
     FrmClass dialog;
-    dialog.SetWorkFileName(path);
+    dialog.SetWorkFileName(project.Path());
     dialog.SetField("txtName", "隧道", ui);
     EXPECT_FALSE(dialog.Press("cmdCancel", ui));
     EXPECT_EQ(dialog.UnloadState(), 0);
@@ -52,11 +52,11 @@ TEST_F(ClassDialogsTest, FrmClassCancelLeavesNoName) {
 }
 
 TEST_F(ClassDialogsTest, FrmColValueListsProjectClassesInOrder) {
-    AddClass("安装", 1, 5);
-    AddClass("土建", 1, 2);
-    AddClass("桥梁", 2, 1);
+    project.AddClass("安装", 1, 5);
+    project.AddClass("土建", 1, 2);
+    project.AddClass("桥梁", 2, 1);
     FrmColValue dialog;
-    dialog.WorkFullName(path);
+    dialog.WorkFullName(project.Path());
     dialog.WorkID(1);
     dialog.Load();
     EXPECT_EQ(dialog.Items(), (std::vector<std::string>{"土建", "安装"}));

@@ -8,10 +8,9 @@
 #include <vector>
 
 #include "control/control_core.h"
-#include "db/database.h"
-#include "db/schema.h"
 #include "kwfy/kw_fytable.h"
 #include "platform/scripted_ui.h"
+#include "support/fixtures.h"
 #include "support/temp_dir.h"
 
 namespace kwfy::test {
@@ -23,22 +22,15 @@ struct EventCounter : FYTableListener {
 };
 
 class ClassFixture : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
-        path = dir.File("work.mdb");
-        db::CreateFile(path, db::FileKind::Project);
-        core.ctx.WorkDBFullName = path;
+        core.ctx.WorkDBFullName = project.Path();
         core.ctx.WorkID = 1;
         core.work.CurQFClass = "建安费";
         control.AddListener(&events);
     }
 
-    db::Database Db() { return db::Database::Open(path); }
-
-    void AddClass(const std::string& name, int workId, int ocode) {
-        Db().Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES (?,?,?)",
-                     {name, int64_t(workId), int64_t(ocode)});
-    }
+    db::Database& Db() { return project.Db(); }
 
     // "name:ocode" of every class of a project, by OCode.
     std::vector<std::string> StoredClasses(int workId) {
@@ -74,7 +66,7 @@ class ClassFixture : public ::testing::Test {
     }
 
     TempDir dir;
-    std::string path;
+    ProjectFixture project{dir.File("work.mdb")};
     ScriptedUi ui;
     KW_FYTable control{ui};
     ControlCore& core = control.Core();

@@ -14,51 +14,37 @@ using namespace kwfy::rates;
 // defined); FL_QT has particular coefficients. FL_JJF is 5% in 一类地区 and 0
 // in 二类地区 for any class, 4% and 7 for the classes 土建 and 安装.
 class ConditionMarksTest : public ClassFixture {
-  protected:
+protected:
     void SetUp() override {
         ClassFixture::SetUp();
         core.ctx.AppPath = "/opt/app";
-        core.work.RateStdPath = dir.File("std.RXFL");
-        db::CreateFile(core.work.RateStdPath, db::FileKind::RateStandard);
-        auto rs = db::Database::Open(core.work.RateStdPath);
-        for (const char* sql :
-             {"INSERT INTO FY_FL (ID, Key) VALUES (1, 'FL_JJF'), (2, 'FL_GLF'), (3, 'FL_QT')",
-              "INSERT INTO FY_FL_WithMark (FLID, WithMarkKey) VALUES (1,'DQ'), (2,'DQ'), (2,'DX')",
-              "INSERT INTO FY_Mark (Key, ShortName, WithItem) "
-              "VALUES ('DQ', '地区类别', '一类地区|二类地区|三类地区（山区）')",
-              "INSERT INTO FY_FL_Value (FLID, Class, Ruler, Value) VALUES "
-              "(1, '', 'DQ=一类地区', '5%'), (1, '', 'DQ=二类地区', '0'), "
-              "(1, '土建', 'DQ=一类地区', '4%'), (1, '安装', 'DQ=一类地区', '7')",
-              "INSERT INTO PatCoe (Class, Key, Coe) VALUES ('FL_QT', 'GLF', '1')"})
-            rs.Execute(sql);
+        core.work.RateStdPath = rateStd.Path();
+        const int64_t jjf = rateStd.AddRate("FL_JJF"), glf = rateStd.AddRate("FL_GLF");
+        rateStd.AddRate("FL_QT");
+        rateStd.AddWithMark(jjf, "DQ");
+        rateStd.AddWithMark(glf, "DQ");
+        rateStd.AddWithMark(glf, "DX");
+        rateStd.AddMark("DQ", "", "地区类别", "一类地区|二类地区|三类地区（山区）");
+        rateStd.AddValue(jjf, "", "DQ=一类地区", "5%");
+        rateStd.AddValue(jjf, "", "DQ=二类地区", "0");
+        rateStd.AddValue(jjf, "土建", "DQ=一类地区", "4%");
+        rateStd.AddValue(jjf, "安装", "DQ=一类地区", "7");
+        rateStd.AddPatCoe("FL_QT", "GLF", "1");
     }
 
     // Stored FY rows of the category, one per rate text; returns their IDs.
     std::vector<int64_t> StoreRows(const std::vector<std::string>& rates) {
-        auto db = Db();
         std::vector<int64_t> ids;
-        for (const auto& fl : rates) {
-            auto t = db.OpenTable("FY");
-            t.AddNew();
-            t.Set("WorkID", int64_t(1));
-            t.Set("QFClass", core.work.CurQFClass);
-            t.Set("FL", fl);
-            t.Update();
-            ids.push_back(t.LastID());
-        }
+        for (const auto& fl : rates) ids.push_back(project.AddFY({.qfClass = "建安费", .fl = fl}));
         return ids;
     }
 
-    void StoreChoice(const std::string& value) {
-        Db().Execute("INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (1,?,'DQ',?)",
-                     {core.work.CurQFClass, value});
-    }
+    void StoreChoice(const std::string& value) { project.AddMark(1, "建安费", "DQ", value); }
 
     // "mark=value" of every stored choice of the project and category.
     std::vector<std::string> StoredChoices() {
         std::vector<std::string> out;
-        auto rs = Db().Query("SELECT * FROM FY_Mark WHERE WorkID=1 AND QFClass=?",
-                             {core.work.CurQFClass});
+        auto rs = Db().Query("SELECT * FROM FY_Mark WHERE WorkID=1 AND QFClass='建安费'");
         for (; !rs.Eof(); rs.MoveNext()) out.push_back(rs.Text("MarkKey") + "=" + rs.Text("Value"));
         return out;
     }
@@ -143,9 +129,8 @@ TEST_F(ConditionMarksTest, RefreshAppliesCoefficientToMarkRatesOnly) {
 
 TEST_F(ConditionMarksTest, RefreshInClassViewFillsFocusRowsClassCells) {
     StoreChoice("一类地区");
-    auto db = Db();
-    db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('土建', 1, 1)");
-    db.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES ('安装', 1, 2)");
+    project.AddClass("土建", 1, 1);
+    project.AddClass("安装", 1, 2);
     feetable::LoadClassCols(core);
     core.work.RateMode = 2;
     core.work.FYCoe = 1.2;
