@@ -15,6 +15,8 @@ using namespace kwfy::rates;
 // in 二类地区 for any class, 4% and 7 for the classes 土建 and 安装.
 class ConditionMarksTest : public ClassFixture {
 protected:
+    RateStandardFixture rateStd{dir.File("std.RXFL")};
+
     void SetUp() override {
         ClassFixture::SetUp();
         core.ctx.AppPath = "/opt/app";
