@@ -21,13 +21,13 @@ void Warn(Ui& ui, const std::string& text) {
 }
 
 class BuildingFlag {
-  public:
+public:
     explicit BuildingFlag(WorkingState& work) : work_(work) { work_.BuildingClassCols = true; }
     ~BuildingFlag() { work_.BuildingClassCols = false; }
     BuildingFlag(const BuildingFlag&) = delete;
     BuildingFlag& operator=(const BuildingFlag&) = delete;
 
-  private:
+private:
     WorkingState& work_;
 };
 

@@ -18,7 +18,7 @@
 namespace kwfy::feetable {
 
 class FrmClass : public Dialog {
-  public:
+public:
     // The project database whose Class table holds the names in use.
     void SetWorkFileName(std::string path) { workFileName_ = std::move(path); }
     // 1 once a name was accepted, 0 otherwise (also while the dialog is open).
@@ -35,7 +35,7 @@ class FrmClass : public Dialog {
     bool Press(const std::string& button, Ui& ui) override;
     void Cancel() override;
 
-  private:
+private:
     std::string workFileName_;
     std::string txtName_;
     std::string accepted_;

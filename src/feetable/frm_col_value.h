@@ -17,7 +17,7 @@
 namespace kwfy::feetable {
 
 class FrmColValue : public Dialog {
-  public:
+public:
     void WorkFullName(std::string path) { workFullName_ = std::move(path); }
     void WorkID(int16_t id) { workId_ = id; }
     // Fills the list from the project's classes; call after WorkFullName and
@@ -38,7 +38,7 @@ class FrmColValue : public Dialog {
     bool Press(const std::string& button, Ui& ui) override;
     void Cancel() override { result_.clear(); }
 
-  private:
+private:
     std::string workFullName_;
     int16_t workId_ = 0;
     std::vector<std::string> items_;

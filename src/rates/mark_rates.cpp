@@ -17,7 +17,7 @@ bool IsMarkRateKey(const std::string& key) {
 }
 
 class MarkRateResolver {
-  public:
+public:
     explicit MarkRateResolver(ControlCore& core) : core_(core), files_(core) {}
     RateFiles& Files() { return files_; }
 
@@ -32,7 +32,7 @@ class MarkRateResolver {
         return calc::FormatRate(calc::GeneralNumber(r), 3, false) + "%";
     }
 
-  private:
+private:
     ControlCore& core_;
     RateFiles files_;
 };
