@@ -18,8 +18,7 @@ bool IsMarkRateKey(const std::string& key) {
 
 class MarkRateResolver {
 public:
-    explicit MarkRateResolver(ControlCore& core) : core_(core), files_(core) {}
-    RateFiles& Files() { return files_; }
+    MarkRateResolver(ControlCore& core, RateFiles& files) : core_(core), files_(files) {}
 
     // The rate cell text of a key for a class ("" considers every class):
     // the catalogue value times FYCoe, "" when it is 0.
@@ -34,7 +33,7 @@ public:
 
 private:
     ControlCore& core_;
-    RateFiles files_;
+    RateFiles& files_;
 };
 
 // The boxes of one mark may stand on "Main" and on "FloatForm" at once; the
@@ -60,11 +59,10 @@ void SyncMarkBoxes(ControlCore& core, int k, db::Database& project) {
 
 }  // namespace
 
-void RefreshMarkRates(ControlCore& core) {
+void RefreshMarkRatesIn(ControlCore& core, RateFiles& files) {
     const int16_t mode = core.work.RateMode;
-    if (mode != 1 && mode != 2) return;
-    MarkRateResolver resolver(core);
-    if (!resolver.Files().RateStdExists()) return;
+    if ((mode != 1 && mode != 2) || !files.RateStdExists()) return;
+    MarkRateResolver resolver(core, files);
     FeeGrid& fee = core.fee;
 
     if (mode == 1) {
@@ -77,8 +75,7 @@ void RefreshMarkRates(ControlCore& core) {
     if (!fee.IsDataRow(row) || !IsMarkRateKey(fee.rateSpec(row))) return;
     const std::string key = fee.rateSpec(row);
     if (core.ctx.NodeID != 0) {
-        const std::string cls =
-            GetNodeFLClass(resolver.Files().Project(), core.ctx.WorkID, core.ctx.NodeID);
+        const std::string cls = GetNodeFLClass(files.Project(), core.ctx.WorkID, core.ctx.NodeID);
         if (!cls.empty()) fee.setRate(row, resolver.CellText(key, cls));
         return;
     }
@@ -86,6 +83,11 @@ void RefreshMarkRates(ControlCore& core) {
     const FeeColumns& cols = fee.Columns();
     for (int c = cols.classFirst; c <= cols.classLast; ++c)
         core.grid.SetText(row, c, resolver.CellText(key, fee.caption(c)));
+}
+
+void RefreshMarkRates(ControlCore& core) {
+    RateFiles files(core);
+    RefreshMarkRatesIn(core, files);
 }
 
 void OnMarkBoxChanged(ControlCore& core, const std::string& toolKey) {
@@ -99,8 +101,8 @@ void OnMarkBoxChanged(ControlCore& core, const std::string& toolKey) {
         SyncMarkBoxes(core, k, project);
         SaveMarksIn(core, project);
         tx.Commit();
+        RefreshMarkRatesIn(core, files);
     }
-    RefreshMarkRates(core);
     core.ui.FocusGrid();
     core.events.AfterEdit();
 }

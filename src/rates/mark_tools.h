@@ -7,6 +7,7 @@
 
 #include "control/control_core.h"
 #include "db/database.h"
+#include "rates/rate_catalogue.h"
 
 namespace kwfy::rates {
 
@@ -35,5 +36,7 @@ Tool* FindMarkBox(ToolbarModel& toolbar, int k);
 std::string SelectedValue(const Tool* box);
 // SaveMarks on an open project database (the caller owns the transaction).
 void SaveMarksIn(ControlCore& core, db::Database& project);
+// RefreshMarkRates on files the caller has open.
+void RefreshMarkRatesIn(ControlCore& core, RateFiles& files);
 
 }  // namespace kwfy::rates
