@@ -31,6 +31,17 @@ private:
     WorkingState& work_;
 };
 
+class GridUpdate {
+public:
+    explicit GridUpdate(GridModel& grid) : grid_(grid) { grid_.BeginUpdate(); }
+    ~GridUpdate() { grid_.EndUpdate(); }
+    GridUpdate(const GridUpdate&) = delete;
+    GridUpdate& operator=(const GridUpdate&) = delete;
+
+private:
+    GridModel& grid_;
+};
+
 int16_t CheckedColumn(int64_t col) {
     if (col > INT16_MAX) throw Error("fee grid: too many project class columns");
     return int16_t(col);
@@ -116,13 +127,11 @@ void LoadClassCols(ControlCore& core) {
 
     const int first = cols.rate + 1;
     const int16_t last = CheckedColumn(int64_t(cols.rate) + int64_t(names.size()));
-    GridModel& grid = core.grid;
-    grid.BeginUpdate();
-    for (size_t i = 0; i < names.size(); ++i) PlaceClassColumn(grid, first + int(i), names[i]);
+    GridUpdate update(core.grid);
+    for (size_t i = 0; i < names.size(); ++i) PlaceClassColumn(core.grid, first + int(i), names[i]);
     cols.classFirst = int16_t(first);
     cols.classLast = last;
     core.fee.ReindexColumns();
-    grid.EndUpdate();
 }
 
 // The stored class always gets the next order number. On an empty Class
