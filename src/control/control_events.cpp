@@ -1,6 +1,8 @@
 #include "control/control_events.h"
 
 #include "control/control_core.h"
+#include "feetable/class_columns.h"
+#include "rates/condition_marks.h"
 
 namespace kwfy {
 
@@ -16,9 +18,16 @@ void ControlEvents::OnKeyDown(int, int) {}
 
 void ControlEvents::OnMouseDown(int, int, int, int) {}
 
-void ControlEvents::OnToolClick(const std::string&) {}
+void ControlEvents::OnToolClick(const std::string& toolKey) {
+    if (toolKey == "Pop_AddCol") return feetable::AddItemCol(core_);
+    if (toolKey == "Pop_InsertCol") return feetable::InsertItemCol(core_);
+    if (toolKey == "Pop_DelCol") return feetable::DeleteItemCol(core_);
+    if (toolKey == "Pop_InputColValue") return feetable::InputColValue(core_);
+}
 
-void ControlEvents::OnComboChange(const std::string&) {}
+void ControlEvents::OnComboChange(const std::string& toolKey) {
+    if (rates::MarkBoxNumber(toolKey) > 0) return rates::OnMarkBoxChanged(core_, toolKey);
+}
 
 void ControlEvents::OnToolKeyDown(const std::string&, int) {}
 

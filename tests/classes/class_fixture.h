@@ -1,0 +1,76 @@
+// A control on a fresh project database, laid out as after a load, for the
+// project class and condition mark tests.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "control/control_core.h"
+#include "kwfy/kw_fytable.h"
+#include "platform/scripted_ui.h"
+#include "support/fixtures.h"
+#include "support/temp_dir.h"
+
+namespace kwfy::test {
+
+struct EventCounter : FYTableListener {
+    int editClass = 0, afterEdit = 0;
+    void EditClass() override { ++editClass; }
+    void AfterEdit() override { ++afterEdit; }
+};
+
+class ClassFixture : public ::testing::Test {
+protected:
+    void SetUp() override {
+        core.ctx.WorkDBFullName = project.Path();
+        core.ctx.WorkID = 1;
+        core.work.CurQFClass = "建安费";
+        control.AddListener(&events);
+    }
+
+    db::Database& Db() { return project.Db(); }
+
+    // "name:ocode" of every class of a project, by OCode.
+    std::vector<std::string> StoredClasses(int workId) {
+        std::vector<std::string> out;
+        auto rs =
+            Db().Query("SELECT * FROM Class WHERE WorkID=? ORDER BY OCode", {int64_t(workId)});
+        for (; !rs.Eof(); rs.MoveNext()) out.push_back(rs.Text("Name") + ":" + rs.Text("OCode"));
+        return out;
+    }
+
+    // Data rows as the loader leaves them: stored rate text and shown rate.
+    void AddRows(const std::vector<std::string>& specs, const std::string& rate = {}) {
+        for (const auto& spec : specs) {
+            core.grid.AddRow();
+            core.fee.setRateSpec(core.grid.Rows() - 1, spec);
+            core.fee.setRate(core.grid.Rows() - 1, rate);
+        }
+    }
+
+    std::vector<std::string> Captions() {
+        std::vector<std::string> out;
+        const auto& cols = core.fee.Columns();
+        for (int c = cols.classFirst; core.fee.HasClassCols() && c <= cols.classLast; ++c)
+            out.push_back(core.fee.caption(c));
+        return out;
+    }
+
+    void SelectColumnOf(const std::string& caption) {
+        for (int c = 0; c < core.grid.Cols(); ++c)
+            if (core.grid.Text(0, c) == caption)
+                return core.grid.SetCurrentCell(core.grid.Rows() > 1 ? 1 : 0, c);
+        FAIL() << "no column " << caption;
+    }
+
+    TempDir dir;
+    ProjectFixture project{dir.File("work.mdb")};
+    ScriptedUi ui;
+    KW_FYTable control{ui};
+    ControlCore& core = control.Core();
+    EventCounter events;
+};
+
+}  // namespace kwfy::test
