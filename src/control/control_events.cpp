@@ -1,6 +1,8 @@
 #include "control/control_events.h"
 
 #include "control/control_core.h"
+#include "feetable/category_box.h"
+#include "feetable/category_view.h"
 
 namespace kwfy {
 
@@ -18,7 +20,9 @@ void ControlEvents::OnMouseDown(int, int, int, int) {}
 
 void ControlEvents::OnToolClick(const std::string&) {}
 
-void ControlEvents::OnComboChange(const std::string&) {}
+void ControlEvents::OnComboChange(const std::string& toolKey) {
+    if (toolKey == feetable::kCategoryBox) return feetable::OnCategoryBoxChanged(core_);
+}
 
 void ControlEvents::OnToolKeyDown(const std::string&, int) {}
 
