@@ -96,10 +96,11 @@ void WriteRows(ControlCore& core, const SavePlan& plan) {
         const std::vector<std::string> calcKeys = ReadSavedCalcKeys(fee, project);
         project.Execute("DELETE FROM FY WHERE WorkID=? AND QFClass=?",
                         {int64_t(core.ctx.WorkID), plan.deleteCategory});
+        // Rates go back under the class the loader read them with, in either
+        // rate mode, so that a typed rate survives a save and a load.
         const std::string nodeClass =
-            plan.withRates && core.work.RateMode == 2
-                ? rates::GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
-                : std::string();
+            plan.withRates ? rates::GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
+                           : std::string();
         FYInserter inserter(project);
         for (int r = first, code = 1; r <= last; ++r, ++code) {
             const std::string& category = plan.categoryPerRow ? fee.category(r) : plan.category;
