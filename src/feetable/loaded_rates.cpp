@@ -21,7 +21,8 @@ LoadedRates::LoadedRates(ControlCore& core, rates::RateFiles& files, std::string
     : core_(core),
       files_(files),
       category_(std::move(category)),
-      nodeClass_(std::move(nodeClass)) {}
+      nodeClass_(std::move(nodeClass)),
+      stored_(files.Project(), core.ctx.WorkID, category_) {}
 
 void LoadedRates::Resolve(int row) {
     FeeGrid& fee = core_.fee;
@@ -50,19 +51,18 @@ void LoadedRates::Resolve(int row) {
 
 std::string LoadedRates::RateFor(const std::string& rateText, const std::string& key,
                                  const std::string& cls) {
-    db::Database& project = files_.Project();
-    const int16_t workId = core_.ctx.WorkID;
-    rates::ProjectRate stored = rates::GetProjectFL(project, workId, key, cls, category_);
+    rates::ProjectRate stored = stored_.Get(key, cls);
     if (stored.found) return stored.text;
 
     if (EndsWith(rateText, '%')) {
         const bool noRate = core_.work.RateMode == 2 && (cls == kNoRateClass || cls.empty());
         std::string result = noRate ? std::string() : rateText;
-        rates::SaveProjectFL(project, workId, key, cls, result, category_);
+        stored_.Save(key, cls, result);
         return result;
     }
     if (core_.work.RateMode == 1 && IsMarkKey(key))
-        return rates::GetFLByMark(project, workId, files_.RateStd(), key, category_, "");
+        return rates::GetFLByMark(files_.Project(), core_.ctx.WorkID, files_.RateStd(), key,
+                                  category_, "");
     return calc::Val(rateText) != 0 ? rateText : std::string();
 }
 

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "control/control_core.h"
+#include "feetable/stored_rates.h"
 #include "rates/rate_catalogue.h"
 
 namespace kwfy::feetable {
@@ -36,6 +37,7 @@ private:
     rates::RateFiles& files_;
     std::string category_;
     std::string nodeClass_;
+    StoredRates stored_;
 };
 
 // The project class under which a class-view rate is neither shown nor

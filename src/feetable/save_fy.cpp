@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 
 #include "db/sqlite_util.h"
+#include "feetable/stored_rates.h"
 #include "kwfy/error.h"
 #include "rates/condition_marks.h"
 #include "rates/rate_catalogue.h"
@@ -53,22 +55,19 @@ private:
     db::Database& db_;
 };
 
-void StoreRowRates(ControlCore& core, db::Database& project, int r, const std::string& nodeClass,
-                   const std::string& category) {
+void StoreRowRates(ControlCore& core, StoredRates& stored, int r, const std::string& nodeClass) {
     const FeeGrid& fee = core.fee;
     const std::string& spec = fee.rateSpec(r);
     const std::string& key = spec.empty() || EndsWithPercent(spec) ? fee.key(r) : spec;
-    const int16_t workId = core.ctx.WorkID;
     // A class view without class columns (the classes belong to other
     // projects) shows its rate in the rate cell under the empty class, as the
     // loader put it there.
     if (core.work.RateMode == 2 && core.ctx.NodeID == 0 && fee.HasClassCols()) {
         const FeeColumns& cols = fee.Columns();
         for (int c = cols.classFirst; c <= cols.classLast; ++c)
-            rates::SaveProjectFL(project, workId, key, fee.caption(c), fee.Grid().Text(r, c),
-                                 category);
+            stored.Save(key, fee.caption(c), fee.Grid().Text(r, c));
     } else {
-        rates::SaveProjectFL(project, workId, key, nodeClass, fee.rate(r), category);
+        stored.Save(key, nodeClass, fee.rate(r));
     }
 }
 
@@ -101,10 +100,12 @@ void WriteRows(ControlCore& core, const SavePlan& plan) {
         const std::string nodeClass =
             plan.withRates ? rates::GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
                            : std::string();
+        std::optional<StoredRates> stored;
+        if (plan.withRates) stored.emplace(project, core.ctx.WorkID, plan.category);
         FYInserter inserter(project);
         for (int r = first, code = 1; r <= last; ++r, ++code) {
             const std::string& category = plan.categoryPerRow ? fee.category(r) : plan.category;
-            if (plan.withRates) StoreRowRates(core, project, r, nodeClass, category);
+            if (stored) StoreRowRates(core, *stored, r, nodeClass);
             ids.push_back(inserter.Add(core, r, code, category, calcKeys[size_t(r)]));
         }
         tx.Commit();
