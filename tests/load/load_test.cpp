@@ -160,6 +160,24 @@ TEST_F(LoadFixture, ClassViewHidesTheAmountsAndTintsCatalogueRows) {
     EXPECT_EQ(Grid().Text(2, Fee().Columns().classLast), "") << "0费率 takes no rate";
 }
 
+// Mark boxes follow the standard tools of "Main" only for a project without
+// classes.
+TEST_F(LoadFixture, MarkToolsOnlyWithoutClasses) {
+    const int64_t gl = RateStd().AddRate("FL_GL");
+    RateStd().AddWithMark(gl, "Region");
+    RateStd().AddMark("Region", "Region", "地区", "一类|二类");
+    project.AddFY({.qfClass = kCategory, .code = 1, .key = "A", .fl = "FL_GL"});
+    Band& main = control.Toolbar().GetBand("Main");
+
+    control.LoadFY();
+    EXPECT_NE(main.Find("A1"), nullptr);
+
+    project.AddClass("甲", 1, 1);
+    control.LoadFY();
+    EXPECT_EQ(main.Find("A1"), nullptr);
+    EXPECT_NE(main.Find("Edit_FLFile"), nullptr);
+}
+
 TEST_F(LoadFixture, WithoutClassesTheTableIsCalculated) {
     project.AddItem({.id = 5, .qfClass = kCategory});
     project.AddPrice(5, "$ZJF$", 200);
