@@ -1,6 +1,8 @@
 #include "control/control_events.h"
 
 #include "control/control_core.h"
+#include "feetable/category_box.h"
+#include "feetable/category_view.h"
 #include "feetable/class_columns.h"
 #include "rates/condition_marks.h"
 
@@ -26,6 +28,7 @@ void ControlEvents::OnToolClick(const std::string& toolKey) {
 }
 
 void ControlEvents::OnComboChange(const std::string& toolKey) {
+    if (toolKey == feetable::kCategoryBox) return feetable::OnCategoryBoxChanged(core_);
     if (rates::MarkBoxNumber(toolKey) > 0) return rates::OnMarkBoxChanged(core_, toolKey);
 }
 

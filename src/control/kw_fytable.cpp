@@ -8,6 +8,7 @@
 #include <string>
 
 #include "control/control_core.h"
+#include "control/control_resize.h"
 #include "control/toolbar_layout.h"
 #include "kwfy/error.h"
 
@@ -194,13 +195,9 @@ void KW_FYTable::HideCol_Wffs() {
     core_->fee.HideCol_Wffs();
 }
 
-// The placement is kept in the display state for the views to apply; the
-// index grid keeps its own height, the fee grid takes what is left.
+// The placement is kept in the display state for the views to apply.
 void KW_FYTable::Resize() {
-    ControlCore& c = *core_;
-    c.display.layout =
-        ComputeLayout(c.display.width, c.display.height, c.display.ShowBar, c.toolbar.Height(),
-                      c.indexGrid.Visible(), c.indexGrid.Height());
+    ResizeControl(*core_);
 }
 
 void KW_FYTable::HideToolButton_MateFY() {
