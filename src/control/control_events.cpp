@@ -8,17 +8,29 @@
 
 namespace kwfy {
 
-void ControlEvents::OnRowColChange(int, int, int, int) {}
+void ControlEvents::OnRowColChange(int oldRow, int oldCol, int newRow, int newCol) {
+    feeGrid_.OnRowColChange(oldRow, oldCol, newRow, newCol);
+}
 
-void ControlEvents::OnStartEdit(int, int, bool&) {}
+void ControlEvents::OnStartEdit(int row, int col, bool& cancel) {
+    feeGrid_.OnStartEdit(row, col, cancel);
+}
 
-void ControlEvents::OnAfterEdit(int, int) {}
+void ControlEvents::OnAfterEdit(int row, int col) {
+    feeGrid_.OnAfterEdit(row, col);
+}
 
-void ControlEvents::OnDblClick() {}
+void ControlEvents::OnDblClick() {
+    feeGrid_.OnDblClick();
+}
 
-void ControlEvents::OnKeyDown(int, int) {}
+void ControlEvents::OnKeyDown(int keyCode, int shift) {
+    feeGrid_.OnKeyDown(keyCode, shift);
+}
 
-void ControlEvents::OnMouseDown(int, int, int, int) {}
+void ControlEvents::OnMouseDown(int button, int shift, int x, int y) {
+    feeGrid_.OnMouseDown(button, shift, x, y);
+}
 
 void ControlEvents::OnToolClick(const std::string& toolKey) {
     if (toolKey == "Pop_AddCol") return feetable::AddItemCol(core_);

@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include "feetable/grid_handlers.h"
 #include "kwfy/grid_model.h"
 #include "kwfy/toolbar_model.h"
 
@@ -16,9 +17,9 @@ namespace kwfy {
 class ControlCore;
 
 class ControlEvents : public GridEventSink, public ToolbarEventSink {
-  public:
+public:
     // The core must outlive the handler (it owns it).
-    explicit ControlEvents(ControlCore& core) : core_(core) {}
+    explicit ControlEvents(ControlCore& core) : core_(core), feeGrid_(core) {}
     ControlEvents(const ControlEvents&) = delete;
     ControlEvents& operator=(const ControlEvents&) = delete;
 
@@ -39,8 +40,9 @@ class ControlEvents : public GridEventSink, public ToolbarEventSink {
     // The toolbar's own customisation menu ("SysCustomize") never opens.
     void OnCustomizeRequest(const std::string& bandKey, bool& cancel) override;
 
-  private:
+private:
     ControlCore& core_;
+    feetable::FeeGridHandlers feeGrid_;
 };
 
 }  // namespace kwfy

@@ -1,0 +1,98 @@
+#include "feetable/cell_edit.h"
+
+#include <string>
+#include <vector>
+
+#include "calc/calc_fy.h"
+#include "calc/number_text.h"
+#include "calc/recalc.h"
+#include "db/database.h"
+#include "feetable/row_operations.h"
+#include "feetable/save_fy.h"
+#include "rates/rate_catalogue.h"
+
+namespace kwfy::feetable {
+
+namespace {
+
+bool EndsWithPercent(const std::string& text) {
+    return !text.empty() && text.back() == '%';
+}
+
+void ShowCycleMessage(ControlCore& core) {
+    core.ui.MessageBox(
+        {"计算式中存在重复调用错误，请核对并修改!", "提示", MsgButtons::OK, MsgIcon::Exclamation});
+}
+
+// The key a row's rates are stored under: its rate specification, or its own
+// key when the specification is empty or a typed percentage.
+std::string RateKeyOf(const FeeGrid& fee, int row) {
+    const std::string& spec = fee.rateSpec(row);
+    return spec.empty() || EndsWithPercent(spec) ? fee.key(row) : spec;
+}
+
+std::string FormattedRate(const FeeGrid& fee, int row, const std::string& text) {
+    return NormaliseRateText(calc::FormatRate(text, 3, false), fee.rateSpec(row));
+}
+
+void RecalcAll(ControlCore& core) {
+    calc::CalcFY_One(core, 1, int16_t(core.fee.LastRow()));
+}
+
+// Class view: the typed class rate is the project rate of that class.
+void StoreClassRate(ControlCore& core, int row, int col) {
+    FeeGrid& fee = core.fee;
+    const std::string& cls = fee.caption(col);
+    const std::string text =
+        cls == kNoRateClass ? std::string() : FormattedRate(fee, row, fee.Grid().Text(row, col));
+    fee.Grid().SetText(row, col, text);
+
+    rates::RateFiles files(core);
+    db::Database& project = files.Project();
+    db::Transaction tx(project);
+    rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls, text,
+                         core.work.CurQFClass);
+    tx.Commit();
+}
+
+}  // namespace
+
+std::string NormaliseRateText(const std::string& text, const std::string& rateSpec) {
+    if (text.empty() || EndsWithPercent(text)) return text;
+    const bool plainMultiplier = !EndsWithPercent(rateSpec) && calc::Val(rateSpec) != 0;
+    return plainMultiplier ? text : text + "%";
+}
+
+bool FormulaCycleFree(const FeeGrid& fee, int row) {
+    std::vector<std::string> codes{""}, formulas{""};
+    for (int r = 1; r <= fee.LastRow(); ++r) {
+        codes.push_back(fee.key(r));
+        formulas.push_back(fee.formula(r));
+    }
+    return calc::CheckFormulaCycle(codes, formulas, size_t(row));
+}
+
+void ProcessCellEdit(ControlCore& core, int row, int col) {
+    FeeGrid& fee = core.fee;
+    if (!fee.IsDataRow(row)) return;
+    const FeeColumns& cols = fee.Columns();
+    if (col == cols.wffs && !FormulaCycleFree(fee, row)) return ShowCycleMessage(core);
+    if (fee.DataRowCount() < 2 || core.work.RateStdPath.empty()) return;
+
+    if (core.work.RateMode == 1) {
+        if (col == cols.rate) fee.setRate(row, NormaliseRateText(fee.rate(row), fee.rateSpec(row)));
+        RecalcAll(core);
+        SaveFY_One(core, 1, fee.LastRow(), fee.category(1));
+        return;
+    }
+    if (core.work.RateMode != 2) return;
+    if (core.ctx.NodeID != 0) {
+        if (col == cols.rate) fee.setRate(row, FormattedRate(fee, row, fee.rate(row)));
+        RecalcAll(core);
+    } else if (fee.IsClassCol(col)) {
+        StoreClassRate(core, row, col);
+    }
+    RefreshCompositeRates(core);
+}
+
+}  // namespace kwfy::feetable
