@@ -41,23 +41,13 @@ protected:
     ProjectFixture target{dir.File("target.mdb")};
 };
 
-TEST_F(RateFileTransferTest, ExportedFileHoldsTheProjectsRowsAndItsStandard) {
+TEST_F(RateFileTransferTest, FileFromOneProjectReplacesTheRatesOfAnother) {
     FillSource();
     const std::string file = Export();
     EXPECT_EQ(ui.Log().front(), "filedialog save 另存为... | 费率文件(*.SFL)|*.SFL | ");
-    EXPECT_EQ(Rows(file, "SELECT WorkID, QFClass, FL FROM FY_FL ORDER BY FL"),
-              (Strings{"1|建安费|FL_QT", "1|设备费|FL_SB"}));
-    EXPECT_EQ(Rows(file, "SELECT QFClass, MarkKey, Value FROM FY_Mark ORDER BY MarkKey"),
-              (Strings{"建安费|DQ|一类地区", "设备费|JL|2"}));
-    EXPECT_EQ(Rows(file, "SELECT Key, Coe FROM PatCoe"), (Strings{"GLF|1.1"}));
     EXPECT_EQ(Rows(file, "SELECT Code, WithCode FROM KeyInfo"),
               (Strings{"WithFLFile|公路费率.RXFL"}));
     EXPECT_FALSE(fs::exists(file + "-wal")) << "the file stands alone";
-}
-
-TEST_F(RateFileTransferTest, TakenFileReplacesTheTargetProjectsRates) {
-    FillSource();
-    const std::string file = Export();
     target.AddFL(5, "桥梁", "FL_OLD", "土建", "7%");
     target.AddFL(5, "隧道", "FL_KEEP", "土建", "8%");
     target.AddFL(6, "桥梁", "FL_OTHER", "土建", "6%");

@@ -41,26 +41,18 @@ TEST_F(RateStandardTest, SelectionListsExactlyTheRXFLFilesSorted) {
     EXPECT_EQ(dialog.GetShortName(), "a.RXFL");
 }
 
-TEST_F(RateStandardTest, StoreEditsTheCategorysRowOrAddsOne) {
-    AddStandard(project, 1, "建安费", "旧.RXFL");
-    AddStandard(project, 1, "设备费", "设备.RXFL");
-    rates::StoreFLFileName(project.Db(), "新.RXFL", 1, "建安费");
-    rates::StoreFLFileName(project.Db(), "二.RXFL", 2, "建安费");
-    EXPECT_EQ(Standards(), (Strings{"1|建安费|新.RXFL", "1|设备费|设备.RXFL", "2|建安费|二.RXFL"}));
-}
-
-TEST_F(RateStandardTest, ChosenStandardIsRecordedAndCancelChangesNothing) {
+TEST_F(RateStandardTest, ChosenStandardIsAddedThenEditedAndCancelChangesNothing) {
     Touch("System/甲.RXFL");
     Touch("System/乙.RXFL");
-    AddStandard(project, 1, "建安费", "甲.RXFL");
-
-    rates::ShowSelFLDialog(core);  // no answer queued: cancelled
-    EXPECT_EQ(Standards(), (Strings{"1|建安费|甲.RXFL"}));
-
+    AddStandard(project, 1, "设备费", "设备.RXFL");
     ui.QueueDialog("frmFL_Sel", {{"Name", "乙.RXFL"}});
     rates::ShowSelFLDialog(core);
-    EXPECT_EQ(Standards(), (Strings{"1|建安费|乙.RXFL"}));
-    EXPECT_EQ(ui.Log(), (Strings{"dialog frmFL_Sel", "dialog frmFL_Sel"}));
+    ui.QueueDialog("frmFL_Sel", {{"Name", "甲.RXFL"}});
+    rates::ShowSelFLDialog(core);
+    ui.QueueDialog("frmFL_Sel", {{"Name", "乙.RXFL"}, {"button", "cmdCancel"}});
+    rates::ShowSelFLDialog(core);
+    EXPECT_EQ(Standards(), (Strings{"1|设备费|设备.RXFL", "1|建安费|甲.RXFL"}));
+    EXPECT_EQ(ui.Log().size(), 3u);
     EXPECT_FALSE(ui.Busy());
 }
 
