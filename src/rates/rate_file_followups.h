@@ -5,8 +5,6 @@
 
 #include <string>
 
-#include "db/database.h"
-
 namespace kwfy {
 class ControlCore;
 }
@@ -20,9 +18,9 @@ void ReloadFeeTable(ControlCore& core);
 // in the project database (in its own transaction).
 void UpdateCompositeRates(ControlCore& core);
 
-// Stores grid row `row` as the single-row save does, its class rates
-// included, on an open project database (joining the caller's transaction).
-void SaveFeeRow(ControlCore& core, db::Database& project, int row);
+// Saves every row of the fee table with its rates (SaveFY_One over all rows
+// of CurQFClass), in one transaction.
+void SaveFeeTable(ControlCore& core);
 
 // Asks for the project class whose rates are copied (frmColValue); empty
 // when the dialog was closed.

@@ -68,13 +68,8 @@ void CopyClassRates(ControlCore& core) {
     std::vector<std::string> before;
     for (int r = 1; r <= fee.LastRow(); ++r) before.push_back(grid.Text(r, target));
     try {
-        auto project = db::Database::Open(core.ctx.WorkDBFullName);
-        db::Transaction tx(project);
-        for (int r = 1; r <= fee.LastRow(); ++r) {
-            grid.SetText(r, target, grid.Text(r, from));
-            SaveFeeRow(core, project, r);
-        }
-        tx.Commit();
+        for (int r = 1; r <= fee.LastRow(); ++r) grid.SetText(r, target, grid.Text(r, from));
+        SaveFeeTable(core);
     } catch (...) {
         for (int r = 1; r <= fee.LastRow() && r <= int(before.size()); ++r)
             grid.SetText(r, target, before[size_t(r - 1)]);

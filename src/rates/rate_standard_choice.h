@@ -27,8 +27,8 @@ void ShowSelFLDialog(ControlCore& core);
 // Copies another class column's rates into the current column, after the
 // user chose the source (frmColValue) and confirmed. Does nothing unless the
 // grid has a data row, the table is category-wide (NodeID 0) and the current
-// column is a class column. Every row is saved as the single-row save does,
-// all in one transaction; a failure restores the column's cells. Raises
+// column is a class column. The table is then saved with every row's rates,
+// in one transaction; a failure restores the column's cells. Raises
 // AfterEdit when the column was copied.
 void CopyClassRates(ControlCore& core);
 
