@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "db/file_check.h"
+#include "db/jet_import.h"
 #include "db/recordset_impl.h"
 #include "db/sqlite_util.h"
 
@@ -14,7 +15,6 @@ namespace {
 constexpr int kBusyTimeoutMs = 30000;
 // Written into every file we create ('KWFY'); it also forces the header to be
 // written so a new file is a valid database, not an empty one.
-constexpr int kApplicationId = 0x4B574659;
 
 sqlite3* OpenHandle(const std::string& path, int flags) {
     sqlite3* db = nullptr;
@@ -58,9 +58,12 @@ Database Database::Open(const std::string& path) {
     return Database(db, path);
 }
 
+// A Jet file that is only read is read through its imported copy, so an
+// existing data folder works as it is; messages still name the Jet file.
 Database Database::OpenReadOnly(const std::string& path) {
-    detail::CheckDatabaseFile(path, false);
-    sqlite3* db = OpenHandle(path, SQLITE_OPEN_READONLY);
+    const std::string file = IsJetFile(path) ? JetCachedCopy(path) : path;
+    detail::CheckDatabaseFile(file, false);
+    sqlite3* db = OpenHandle(file, SQLITE_OPEN_READONLY);
     Prepare(db, path, "PRAGMA trusted_schema=OFF; SELECT count(*) FROM sqlite_master;");
     return Database(db, path);
 }
@@ -69,7 +72,7 @@ void Database::Create(const std::string& path) {
     std::error_code ec;
     if (std::filesystem::exists(path, ec)) throw Error(path, "cannot create: the file exists");
     sqlite3* db = OpenHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    Prepare(db, path, ("PRAGMA application_id=" + std::to_string(kApplicationId)).c_str());
+    Prepare(db, path, ("PRAGMA application_id=" + std::to_string(detail::kApplicationId)).c_str());
     sqlite3_close(db);
 }
 

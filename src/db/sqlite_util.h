@@ -10,6 +10,10 @@
 
 namespace kwfy::db::detail {
 
+// Written into the header of every database file we create ("KWFY"), which
+// also gives a file without tables a valid, non-empty header.
+constexpr int kApplicationId = 0x4B574659;
+
 // Throws Error naming the file, what was attempted and the engine's message.
 [[noreturn]] void Fail(sqlite3* db, const std::string& path, const std::string& what);
 

@@ -37,13 +37,14 @@ TEST(DatabaseOpen, BadFilesFailWithTheFileName) {
         const char* name;
         std::string bytes;
         const char* message;
+        const char* readOnlyMessage = nullptr;  // when reading fails differently
     };
     std::vector<Case> cases{
         {"empty.db", "", "empty"},
         {"random.db", std::string(5000, '\x5a'), "not a database"},
         {"short.db", "SQLite format 3", "not a database"},
         {"truncated.db", goodBytes.substr(0, 4096), "truncated"},
-        {"jet.mdb", jet, "fytable import-mdb"},
+        {"jet.mdb", jet, "fytable import-mdb", "catalog"},  // read-only: imported, and that fails
     };
     for (const auto& c : cases) {
         std::string path = dir.File(c.name);
@@ -55,7 +56,8 @@ TEST(DatabaseOpen, BadFilesFailWithTheFileName) {
                 ADD_FAILURE() << "opened";
             } catch (const Error& e) {
                 EXPECT_EQ(e.file(), path);
-                EXPECT_NE(std::string(e.what()).find(c.message), std::string::npos) << e.what();
+                const char* want = readOnly && c.readOnlyMessage ? c.readOnlyMessage : c.message;
+                EXPECT_NE(std::string(e.what()).find(want), std::string::npos) << e.what();
             }
         }
     }
