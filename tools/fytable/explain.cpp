@@ -101,7 +101,7 @@ Explanation ExplainRow(const std::vector<FeeCalcRow>& rows, const PriceKeyList& 
     return e;
 }
 
-void WriteExplanation(const Explanation& e, std::ostream& out) {
+void WriteExplanation(const Explanation& e, std::ostream& out, const KeyNote& keyNote) {
     auto line = [&](const std::string& label, const std::string& text) {
         out << "  " << label << std::string(label.size() < 24 ? 24 - label.size() : 1, ' ') << text
             << '\n';
@@ -110,8 +110,11 @@ void WriteExplanation(const Explanation& e, std::ostream& out) {
     line("formula as written", e.written.empty() ? "(empty)" : e.written);
     line("after range expansion", e.expanded == e.written ? "(no range)" : e.expanded);
     if (e.keys.empty()) line("price keys", "(none)");
-    for (size_t i = 0; i < e.keys.size(); ++i)
-        line(i ? "" : "price keys", e.keys[i].first + " = " + PlainNumber(e.keys[i].second));
+    for (size_t i = 0; i < e.keys.size(); ++i) {
+        std::string note = keyNote ? keyNote(e.keys[i].first) : std::string();
+        line(i ? "" : "price keys", e.keys[i].first + " = " + PlainNumber(e.keys[i].second) +
+                                        (note.empty() ? "" : "  (" + note + ")"));
+    }
     line("after price keys", e.withKeys);
     if (e.references.empty()) line("referenced rows", "(none)");
     for (size_t i = 0; i < e.references.size(); ++i) {

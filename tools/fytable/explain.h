@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -45,7 +46,11 @@ struct Explanation {
 Explanation ExplainRow(const std::vector<kwfy::calc::FeeCalcRow>& rows,
                        const kwfy::calc::PriceKeyList& keys, size_t index);
 
-// The explanation as labelled lines.
-void WriteExplanation(const Explanation& e, std::ostream& out);
+// What a price key stands for ("$DERGF$" for "<定额人工费>"), or "" when
+// nothing is worth saying.
+using KeyNote = std::function<std::string(const std::string& key)>;
+
+// The explanation as labelled lines; keyNote, when given, annotates keys.
+void WriteExplanation(const Explanation& e, std::ostream& out, const KeyNote& keyNote = {});
 
 }  // namespace fytable

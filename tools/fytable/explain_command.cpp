@@ -4,6 +4,9 @@
 
 #include "commands.h"
 #include "control/control_core.h"
+#include "db/database.h"
+#include "db/keyinfo.h"
+#include "db/paths.h"
 #include "explain.h"
 #include "host_context.h"
 #include "kwfy/error.h"
@@ -53,6 +56,32 @@ std::vector<size_t> Chosen(const kwfy::FeeGrid& fee, const ExplainOptions& optio
     return chosen;
 }
 
+// Display names are looked up in BaseLink; a "!" adds the key's "_CS"
+// companion.
+KeyNote KeyNotes(const std::string& dataPath) {
+    std::string params = kwfy::db::ParamDBPath(dataPath);
+    return [params](const std::string& key) -> std::string {
+        std::string note;
+        std::string link = key;
+        if (key.size() > 2 && key.front() == '<' && key.back() == '>') {
+            bool companion = key[key.size() - 2] == '!';
+            std::string name = companion ? key.substr(0, key.size() - 2) + ">" : key;
+            if (!kwfy::db::FileExists(params)) return "";
+            auto db = kwfy::db::Database::OpenReadOnly(params);
+            auto rs = db.Query("SELECT LinkName FROM BaseLink WHERE Name=?", {name});
+            if (rs.Eof()) return "not in BaseLink: counts 0";
+            link = rs.Text("LinkName");
+            note = "BaseLink " + name + " = " + link;
+            if (companion && link.size() > 1) link = link.substr(0, link.size() - 1) + "!$";
+        }
+        if (link.size() > 3 && link.substr(link.size() - 2) == "!$") {
+            std::string stem = link.substr(0, link.size() - 2);
+            note += (note.empty() ? "" : "; ") + stem + "$ + " + stem + "_CS$";
+        }
+        return note;
+    };
+}
+
 void Explain(const ExplainOptions& options) {
     LoadedTable table(options.ctx);
     kwfy::ControlCore& core = table.Control().Core();
@@ -68,7 +97,7 @@ void Explain(const ExplainOptions& options) {
     auto rows = GridRows(fee);
     for (size_t i = 0; i < chosen.size(); ++i) {
         if (i) std::cout << '\n';
-        WriteExplanation(ExplainRow(rows, keys, chosen[i]), std::cout);
+        WriteExplanation(ExplainRow(rows, keys, chosen[i]), std::cout, KeyNotes(core.ctx.DataPath));
         const std::string& cell = fee.amount(int(chosen[i]) + 1);
         std::cout << "  table shows             " << (cell.empty() ? "(empty: 0)" : cell) << '\n';
     }
