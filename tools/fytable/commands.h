@@ -9,5 +9,8 @@ namespace fytable {
 
 void AddScriptCommand(CLI::App& app, int* exitCode);
 void AddImportMdbCommand(CLI::App& app, int* exitCode);
+void AddDemoCommand(CLI::App& app, int* exitCode);
+void AddShowCommand(CLI::App& app, int* exitCode);
+void AddExplainCommand(CLI::App& app, int* exitCode);
 
 }  // namespace fytable

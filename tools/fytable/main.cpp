@@ -9,6 +9,9 @@ int main(int argc, char** argv) {
     int exitCode = 0;
     fytable::AddScriptCommand(app, &exitCode);
     fytable::AddImportMdbCommand(app, &exitCode);
+    fytable::AddDemoCommand(app, &exitCode);
+    fytable::AddShowCommand(app, &exitCode);
+    fytable::AddExplainCommand(app, &exitCode);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
