@@ -16,6 +16,13 @@ void RegisterActionOps(Registry& r);
 // Printing the grids and toolbar bands; database and file test aids.
 void RegisterInspectOps(Registry& r);
 
+// Loading, saving, calculation, value queries, row editing, class columns.
+void RegisterDataOps(Registry& r);
+// Rate read-outs, interpolation and particular coefficients.
+void RegisterRatesOps(Registry& r);
+// Rate files and the choice of rate standard.
+void RegisterRateFileOps(Registry& r);
+
 void RegisterAllOps(Registry& r);
 
 }  // namespace kwfy::script

@@ -6,6 +6,9 @@ void RegisterAllOps(Registry& r) {
     RegisterControlOps(r);
     RegisterActionOps(r);
     RegisterInspectOps(r);
+    RegisterDataOps(r);
+    RegisterRatesOps(r);
+    RegisterRateFileOps(r);
 }
 
 }  // namespace kwfy::script
