@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "db/paths.h"
+#include "db/schema.h"
 #include "ratefiles_fixture.h"
 #include "rates/frm_fl_model_index.h"
 #include "rates/frm_fl_sel.h"
@@ -16,6 +17,10 @@ class RateStandardTest : public RateFilesFixture {
 protected:
     void Touch(const std::string& relative) {
         std::ofstream(db::JoinPath(dir.File("data"), relative)) << "x";
+    }
+    // A rate standard the reload after a choice can read.
+    void MakeStandard(const std::string& relative) {
+        db::CreateFile(db::JoinPath(dir.File("data"), relative), db::FileKind::RateStandard);
     }
     Strings Standards() {
         return Rows(project.Db(),
@@ -42,8 +47,8 @@ TEST_F(RateStandardTest, SelectionListsExactlyTheRXFLFilesSorted) {
 }
 
 TEST_F(RateStandardTest, ChosenStandardIsAddedThenEditedAndCancelChangesNothing) {
-    Touch("System/甲.RXFL");
-    Touch("System/乙.RXFL");
+    MakeStandard("System/甲.RXFL");
+    MakeStandard("System/乙.RXFL");
     AddStandard(project, 1, "设备费", "设备.RXFL");
     ui.QueueDialog("frmFL_Sel", {{"Name", "乙.RXFL"}});
     rates::ShowSelFLDialog(core);
