@@ -1,5 +1,9 @@
 #include <string>
 
+#include "calc/calc_fy.h"
+#include "control/control_core.h"
+#include "feetable/save_fy.h"
+#include "rates/composite_rates.h"
 #include "rates/condition_marks.h"
 #include "rates/mark_tools.h"
 #include "rates/rate_catalogue.h"
@@ -102,6 +106,25 @@ void OnMarkBoxChanged(ControlCore& core, const std::string& toolKey) {
         SaveMarksIn(core, project);
         tx.Commit();
         RefreshMarkRatesIn(core, files);
+        if (core.work.RateMode == 2) {
+            // The composite rates follow the refreshed row and are stored.
+            const std::string nodeClass =
+                core.ctx.NodeID != 0
+                    ? GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
+                    : std::string();
+            if (CalcStarRates(core, nodeClass)) {
+                db::Transaction store(project);
+                StoreStarRates(core, project, nodeClass);
+                store.Commit();
+            }
+        }
+    }
+    if (core.work.RateMode == 1) {
+        calc::CalcFY(core);
+        if (core.fee.DataRowCount() > 1)
+            feetable::SaveFY_One(core, 1, core.fee.LastRow(), core.work.CurQFClass);
+    } else if (core.work.RateMode == 2 && core.ctx.NodeID != 0) {
+        calc::CalcFY(core);
     }
     core.ui.FocusGrid();
     core.events.AfterEdit();
