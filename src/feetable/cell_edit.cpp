@@ -24,8 +24,8 @@ void ShowCycleMessage(ControlCore& core) {
         {"计算式中存在重复调用错误，请核对并修改!", "提示", MsgButtons::OK, MsgIcon::Exclamation});
 }
 
-// The key a row's rates are stored under: its rate specification, or its own
-// key when the specification is empty or a typed percentage.
+// The key a row's rates are stored under: its stored rate entry, or its own
+// key when the entry is empty or a typed percentage.
 std::string RateKeyOf(const FeeGrid& fee, int row) {
     const std::string& spec = fee.rateSpec(row);
     return spec.empty() || EndsWithPercent(spec) ? fee.key(row) : spec;

@@ -29,7 +29,7 @@ void DelRow(ControlCore& core);
 void ClearRows(ControlCore& core);
 
 // Copies the current cell's text into the selected block, skipping rows
-// whose rate specification ends with "*" (composite rates, which are
+// whose stored rate entry ends with "*" (composite rates, which are
 // computed), then brings the composite rates up to date and raises
 // AfterEdit. Does not recalculate.
 void FillSelText(ControlCore& core);

@@ -14,7 +14,7 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-// code, formula, rate (also the rate specification), category, calculation key, amount
+// code, formula, rate (also the stored rate entry), category, calculation key, amount
 using RowSpec = std::array<std::string, 6>;
 
 struct IconUi : ScriptedUi {
