@@ -23,7 +23,7 @@ struct FeeCalcRow {
     std::string formula;    // rewritten by TranslateFormulas
     double value = 0;       // set by CalcRows
     std::string rate;       // number, number + "%", or empty
-    std::string rateEntry;  // the stored stored rate entry
+    std::string rateEntry;  // the stored rate entry
 };
 
 // The values of the price keys a table's formulas name. Key texts include

@@ -13,7 +13,7 @@ namespace kwfy::feetable {
 inline const char kNoRateClass[] = "0费率";
 
 // A rate typed without "%" becomes a percentage, except where the row's
-// stored stored rate entry is itself a plain non-zero number (the row
+// stored rate entry is itself a plain non-zero number (the row
 // takes a multiplier). Empty text and text already ending in "%" stay.
 std::string NormaliseRateText(const std::string& text, const std::string& rateSpec);
 
