@@ -140,6 +140,8 @@ public:
     void InputLayout();
     void AddStandarItems();
     void CallDefaultFY();
+    // p_Kind 0: fee files; 1: rate files. False when cancelled.
+    bool ShowOpenDialog(int16_t p_Kind, std::string& p_FileName);
 
     // --- Toolbar switches.
     void HideToolButton_MateFY();

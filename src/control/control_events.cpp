@@ -1,10 +1,12 @@
 #include "control/control_events.h"
 
 #include "control/control_core.h"
+#include "control/dispatch_tool.h"
 #include "feetable/category_box.h"
 #include "feetable/category_view.h"
 #include "feetable/class_columns.h"
 #include "rates/condition_marks.h"
+#include "rates/particular_coefficients.h"
 
 namespace kwfy {
 
@@ -33,10 +35,7 @@ void ControlEvents::OnMouseDown(int button, int shift, int x, int y) {
 }
 
 void ControlEvents::OnToolClick(const std::string& toolKey) {
-    if (toolKey == "Pop_AddCol") return feetable::AddItemCol(core_);
-    if (toolKey == "Pop_InsertCol") return feetable::InsertItemCol(core_);
-    if (toolKey == "Pop_DelCol") return feetable::DeleteItemCol(core_);
-    if (toolKey == "Pop_InputColValue") return feetable::InputColValue(core_);
+    control::DispatchTool(core_, toolKey);
 }
 
 void ControlEvents::OnComboChange(const std::string& toolKey) {
@@ -44,7 +43,12 @@ void ControlEvents::OnComboChange(const std::string& toolKey) {
     if (rates::MarkBoxNumber(toolKey) > 0) return rates::OnMarkBoxChanged(core_, toolKey);
 }
 
-void ControlEvents::OnToolKeyDown(const std::string&, int) {}
+void ControlEvents::OnToolKeyDown(const std::string& toolKey, int keyCode) {
+    if (toolKey == "Edit_Coe" && keyCode == feetable::kEnterKey) {
+        if (const Tool* box = core_.toolbar.FindTool("Main", "Edit_Coe"))
+            rates::ApplyFeeCoefficient(core_, box->text);
+    }
+}
 
 void ControlEvents::OnBandClose(const std::string& bandKey) {
     if (bandKey != "FloatForm") return;
