@@ -2,7 +2,7 @@
 
 namespace kwfy::gui {
 
-// Until dedicated views exist every dialog is shown through the generic form.
+// Placeholder until the dialog views land: callers must handle nullptr for now.
 std::unique_ptr<QDialog> MakeDialogView(Dialog&, Ui&, QWidget*) {
     return nullptr;
 }

@@ -11,10 +11,11 @@
 
 namespace kwfy::gui {
 
-// The dedicated view of a dialog known by its Name() ("frmClass",
-// "frmFL_Particular", ...), or nullptr when none exists; the caller then shows
-// a generic form over the dialog's fields. The view runs modally with exec()
-// and returns QDialog::Accepted exactly when the core dialog accepted.
+// The view of a dialog: the dedicated one for a dialog known by its Name()
+// ("frmClass", "frmFL_Particular", ...), otherwise a generic form over the
+// dialog's fields and buttons. Never nullptr. The caller runs it modally with
+// exec(), which returns QDialog::Accepted exactly when the core dialog
+// accepted.
 std::unique_ptr<QDialog> MakeDialogView(Dialog& dialog, Ui& ui, QWidget* parent);
 
 }  // namespace kwfy::gui
