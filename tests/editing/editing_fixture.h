@@ -88,8 +88,9 @@ protected:
         rateStd.AddValue(id, cls, "X=500", "2%");
         rateStd.AddPatCoe("FL_GDZY_GL", "More", "100");
         if (!distance.empty())
-            project.Insert("PatCoe",
-                           {{"WorkID", int64_t(1)}, {"Key", std::string("GDZY_Result")}, {"Value", distance}});
+            project.Insert(
+                "PatCoe",
+                {{"WorkID", int64_t(1)}, {"Key", std::string("GDZY_Result")}, {"Value", distance}});
     }
     // The stored rows of the category in Code order, as "Key|Wffs".
     std::vector<std::string> Stored() {
