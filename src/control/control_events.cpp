@@ -54,6 +54,7 @@ void ControlEvents::OnBandClose(const std::string& bandKey) {
     if (bandKey != "FloatForm") return;
     core_.toolbar.GetBand(bandKey).SetVisible(false);
     core_.toolbar.RecalcLayout();
+    particular_.Unload();
 }
 
 void ControlEvents::OnCustomizeRequest(const std::string& bandKey, bool& cancel) {

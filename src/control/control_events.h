@@ -8,6 +8,7 @@
 
 #include <string>
 
+#include "control/particular_dialog_host.h"
 #include "feetable/grid_handlers.h"
 #include "kwfy/grid_model.h"
 #include "kwfy/toolbar_model.h"
@@ -35,14 +36,19 @@ public:
     void OnToolClick(const std::string& toolKey) override;
     void OnComboChange(const std::string& toolKey) override;
     void OnToolKeyDown(const std::string& toolKey, int keyCode) override;
-    // Closing "FloatForm" hides it.
+    // Closing "FloatForm" hides it and unloads the particular-coefficients
+    // dialog that belongs to it.
     void OnBandClose(const std::string& bandKey) override;
     // The toolbar's own customisation menu ("SysCustomize") never opens.
     void OnCustomizeRequest(const std::string& bandKey, bool& cancel) override;
 
+    // The particular-coefficients dialog of the floating band.
+    ParticularDialogHost& ParticularDialog() { return particular_; }
+
 private:
     ControlCore& core_;
     feetable::FeeGridHandlers feeGrid_;
+    ParticularDialogHost particular_;
 };
 
 }  // namespace kwfy

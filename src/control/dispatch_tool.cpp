@@ -7,7 +7,6 @@
 #include "control/control_core.h"
 #include "feetable/class_columns.h"
 #include "feetable/row_operations.h"
-#include "rates/frm_fl_particular.h"
 #include "rates/rate_file_transfer.h"
 #include "rates/rate_standard_choice.h"
 #include "templates/template_commands.h"
@@ -23,6 +22,10 @@ void CallFLThenAfterEdit(ControlCore& core) {
     core.events.AfterEdit();
 }
 
+void OpenParticularDialog(ControlCore& core) {
+    core.handlers.ParticularDialog().Open(core);
+}
+
 // Keys in the order they are tried; the first match runs.
 constexpr std::pair<std::string_view, Command> kCommands[] = {
     {"Pop_Add", feetable::AddRow},
@@ -30,7 +33,7 @@ constexpr std::pair<std::string_view, Command> kCommands[] = {
     {"Pop_CallOtherFY", templates::CallOtherFY},
     {"Edit_Call", templates::CallOtherFY},
     {"Pop_CallDefaultFY", templates::CallDefaultFY},
-    {"tPatFLVar", rates::OpenParticularDialog},
+    {"tPatFLVar", OpenParticularDialog},
     {"Pop_ClearText", feetable::ClearSelText},
     {"Pop_AddCol", feetable::AddItemCol},
     {"Pop_InsertCol", feetable::InsertItemCol},

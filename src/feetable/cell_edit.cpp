@@ -39,19 +39,21 @@ void RecalcAll(ControlCore& core) {
     calc::CalcFY_One(core, 1, int16_t(core.fee.LastRow()));
 }
 
-// Class view: the typed class rate is the project rate of that class.
-void StoreClassRate(ControlCore& core, int row, int col) {
+// Class view: the typed class rate is the project rate of that class. A row
+// with a pattern rate shows what its pattern gives, so that is what is kept.
+void StoreClassRate(ControlCore& core, rates::RateFiles& files, int row, int col) {
     FeeGrid& fee = core.fee;
     const std::string& cls = fee.caption(col);
-    const std::string text =
-        cls == kNoRateClass ? std::string() : FormattedRate(fee, row, fee.Grid().Text(row, col));
-    fee.Grid().SetText(row, col, text);
+    fee.Grid().SetText(
+        row, col,
+        cls == kNoRateClass ? std::string() : FormattedRate(fee, row, fee.Grid().Text(row, col)));
+    RefreshRowPatternRates(core, files, row, "");
+    if (cls == kNoRateClass) fee.Grid().SetText(row, col, "");
 
-    rates::RateFiles files(core);
     db::Database& project = files.Project();
     db::Transaction tx(project);
-    rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls, text,
-                         core.work.CurQFClass);
+    rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls,
+                         fee.Grid().Text(row, col), core.work.CurQFClass);
     tx.Commit();
 }
 
@@ -86,13 +88,20 @@ void ProcessCellEdit(ControlCore& core, int row, int col) {
         return;
     }
     if (core.work.RateMode != 2) return;
+    rates::RateFiles files(core);
+    const std::string nodeClass = NodeClassOf(core, files);
     if (core.ctx.NodeID != 0) {
         if (col == cols.rate) fee.setRate(row, FormattedRate(fee, row, fee.rate(row)));
+        // The amounts are worked out from the rates as they will be shown.
+        RefreshRowPatternRates(core, files, row, nodeClass);
+        RefreshCompositeRates(core, nodeClass);
         RecalcAll(core);
-    } else if (fee.IsClassCol(col)) {
-        StoreClassRate(core, row, col);
+        return;
     }
-    RefreshCompositeRates(core);
+    if (!fee.IsClassCol(col)) return RefreshCompositeRates(core, nodeClass);
+    StoreClassRate(core, files, row, col);
+    // After the edited row: the composite rates may name it.
+    RefreshCompositeRates(core, nodeClass);
 }
 
 }  // namespace kwfy::feetable

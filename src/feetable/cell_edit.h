@@ -27,11 +27,13 @@ bool FormulaCycleFree(const FeeGrid& fee, int row);
 //  2. with fewer than two data rows or no rate standard, nothing more;
 //  3. RateMode 1: the rate cell is normalised, all rows recalculated and
 //     saved under the category of row 1;
-//  4. RateMode 2 with a node: the rate cell is formatted and normalised, all
-//     rows recalculated, nothing saved;
-//  5. RateMode 2 without a node: a class cell is formatted, normalised and
-//     stored as the project rate of its class ("0费率" takes the empty text);
-//  then (4, 5) the composite rates are brought up to date.
+//  4. RateMode 2 with a node: the rate cell is formatted and normalised, the
+//     row's pattern rates and the composite rates worked out again, then all
+//     rows recalculated; nothing saved;
+//  5. RateMode 2 without a node: a class cell is formatted and normalised,
+//     the row's pattern rates worked out again, and the cell stored as the
+//     project rate of its class ("0费率" takes the empty text); then the
+//     composite rates are brought up to date (not stored).
 // Each step that writes runs in one transaction.
 void ProcessCellEdit(ControlCore& core, int row, int col);
 

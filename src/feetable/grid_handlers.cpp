@@ -15,6 +15,11 @@ void FeeGridHandlers::OnRowColChange(int oldRow, int, int newRow, int newCol) {
     if (oldRow == newRow || !core_.fee.IsDataRow(newRow)) return;
 
     core_.fee.MarkFormulaRows(newRow);
+    // Only a table with project classes shows the marks row by row. Its load
+    // has already cut "Main" back to the standard tools, its mark changes
+    // refresh only the row that has the focus, and the particular-coefficient
+    // button lives on the same floating band. Without classes the marks stay
+    // on "Main" for the whole table, where trimming here would take them away.
     if (core_.work.RateStdPath.empty() || core_.work.RateMode != 2) return;
     rates::TrimMainBand(core_.toolbar);
     core_.toolbar.RecalcLayout();

@@ -8,7 +8,11 @@
 #include "feetable/save_fy.h"
 #include "rates/composite_rates.h"
 #include "rates/condition_marks.h"
+#include "rates/interpolation.h"
+#include "rates/particular_coefficients.h"
 #include "rates/rate_catalogue.h"
+#include "rates/rate_cells.h"
+#include "rates/rate_numbers.h"
 
 namespace kwfy::feetable {
 
@@ -19,16 +23,40 @@ bool EndsWithStar(const std::string& text) {
 }
 
 // Writes text into the selected block, from the current cell to the
-// selection's end in whichever direction it was dragged.
+// selection's end in whichever direction it was dragged. A filled row's
+// pattern rates are worked out before the composite rates, which may name it.
 void SetBlockText(ControlCore& core, const std::string& text) {
     const GridModel& g = core.grid;
     const int row0 = std::min(g.Row(), g.RowSel()), row1 = std::max(g.Row(), g.RowSel());
     const int col0 = std::min(g.Col(), g.ColSel()), col1 = std::max(g.Col(), g.ColSel());
+    rates::RateFiles files(core);
+    const std::string nodeClass = NodeClassOf(core, files);
     for (int r = std::max(row0, 1); r <= row1; ++r) {
         if (EndsWithStar(core.fee.rateSpec(r))) continue;
         for (int c = col0; c <= col1; ++c) core.grid.SetText(r, c, text);
+        RefreshRowPatternRates(core, files, r, nodeClass);
     }
-    RefreshCompositeRates(core);
+    RefreshCompositeRates(core, nodeClass);
+}
+
+void RefreshPatternCell(ControlCore& core, rates::RateFiles& files, const std::string& key,
+                        const rates::RateCell& cell, int row) {
+    db::Database& project = files.Project();
+    const int16_t workId = core.ctx.WorkID;
+    const double coe = core.work.FYCoe;
+    if (key == rates::kRegionRateKey) {
+        const int16_t withMore = rates::ToInt16(
+            rates::Num(rates::GetPatCoeCoe(project, workId, "GLF")), "GLF check state");
+        rates::GetGLFRate(core, files, rates::GetPatCoeValue(project, workId, "GLF"), cell.cls,
+                          withMore, cell.col, row, coe);
+        return;
+    }
+    const bool transfer = key == rates::kTransferRateKey;
+    const std::string quantity =
+        rates::GetPatCoeValue(project, workId, transfer ? "GDZY_Result" : "ZFSBT_Result");
+    if (quantity.empty()) return;
+    const std::string list = transfer ? rates::GetPatCoeValue(project, workId, "GDZY_List") : "";
+    rates::AnalyzOnePatFL(core, files, quantity, cell.cls, cell.col, row, list, coe);
 }
 
 }  // namespace
@@ -38,13 +66,25 @@ std::string RemoveKeyFromFormula(const std::string& formula, const std::string& 
     return calc::ReplaceText(calc::ReplaceText(formula, key + "+", ""), key + "-", "");
 }
 
-void RefreshCompositeRates(ControlCore& core) {
-    std::string nodeClass;
-    if (core.ctx.NodeID != 0) {
-        rates::RateFiles files(core);
-        nodeClass = rates::GetNodeFLClass(files.Project(), core.ctx.WorkID, core.ctx.NodeID);
-    }
+std::string NodeClassOf(ControlCore& core, rates::RateFiles& files) {
+    if (core.ctx.NodeID == 0) return {};
+    return rates::GetNodeFLClass(files.Project(), core.ctx.WorkID, core.ctx.NodeID);
+}
+
+void RefreshCompositeRates(ControlCore& core, const std::string& nodeClass) {
     rates::CalcStarRates(core, nodeClass);
+}
+
+void RefreshRowPatternRates(ControlCore& core, rates::RateFiles& files, int row,
+                            const std::string& nodeClass) {
+    const std::string& key = core.fee.rateSpec(row);
+    if (key != rates::kSubsidyRateKey && key != rates::kTransferRateKey &&
+        key != rates::kRegionRateKey)
+        return;
+    if (core.work.RateStdPath.empty() || !files.RateStdExists()) return;
+    if (!rates::HasPatCoe(files.RateStd(), key)) return;
+    for (const rates::RateCell& cell : rates::RateCells(core, nodeClass))
+        RefreshPatternCell(core, files, key, cell, row);
 }
 
 void AddRow(ControlCore& core) {

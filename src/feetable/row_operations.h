@@ -10,6 +10,7 @@
 #include <string>
 
 #include "control/control_core.h"
+#include "rates/rate_catalogue.h"
 
 namespace kwfy::feetable {
 
@@ -30,8 +31,9 @@ void ClearRows(ControlCore& core);
 
 // Copies the current cell's text into the selected block, skipping rows
 // whose stored rate entry ends with "*" (composite rates, which are
-// computed), then brings the composite rates up to date and raises
-// AfterEdit. Does not recalculate.
+// computed); each filled row's pattern rates are worked out again
+// (RefreshRowPatternRates), then the composite rates are brought up to date
+// and AfterEdit is raised. Nothing is recalculated or stored.
 void FillSelText(ControlCore& core);
 
 // Asks "确信要清除选择单元格的文本吗？" (No is the default); on Yes empties
@@ -45,7 +47,20 @@ void ClearSelText(ControlCore& core);
 // does any text when the key is empty.
 std::string RemoveKeyFromFormula(const std::string& formula, const std::string& key);
 
+// The rate class of the host's node ("" for a category-wide table).
+std::string NodeClassOf(ControlCore& core, rates::RateFiles& files);
+
 // Brings the composite rates ("*" rate keys) up to date in the rate cells.
-void RefreshCompositeRates(ControlCore& core);
+void RefreshCompositeRates(ControlCore& core, const std::string& nodeClass);
+
+// The pattern rates of a row: when its stored rate entry is one of the
+// particular-coefficient rates of the rate standard, every rate cell of the
+// row (RateCells) is worked out again from the quantities the project stores
+// for it (the weighted distance, the transfer distance and kind, the region
+// and its deduction) times FYCoe. A rate whose quantity was never entered
+// keeps its cells, as does any other row. Nothing is stored. Without a rate
+// standard file nothing happens.
+void RefreshRowPatternRates(ControlCore& core, rates::RateFiles& files, int row,
+                            const std::string& nodeClass);
 
 }  // namespace kwfy::feetable

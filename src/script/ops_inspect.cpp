@@ -65,10 +65,20 @@ void RegisterGridInspection(Registry& r) {
 }
 
 void RegisterToolInspection(Registry& r) {
-    r.Add("tools", "BAND", 1, 1, [](Call& call) {
-        const Band& band = call.Control().Toolbar().GetBand(call.Text(0));
-        for (const Tool& t : band.Tools())
-            call.Print(JoinTab({t.key, t.caption, FormatBool(t.visible), FormatBool(t.enabled)}));
+    // One line per tool: band, key ("-" for a separator), caption, tip,
+    // visible, enabled; every band in order when none is named.
+    r.Add("tools", "[BAND]", 0, 1, [](Call& call) {
+        ToolbarModel& bar = call.Control().Toolbar();
+        const std::vector<std::string> bands =
+            call.Count() > 0 ? std::vector<std::string>{call.Text(0)} : bar.BandKeys();
+        for (const std::string& key : bands) {
+            const Band& band = bar.GetBand(key);
+            for (const Tool& t : band.Tools()) {
+                const bool separator = t.kind == ToolKind::Separator;
+                call.Print(JoinTab({band.Key(), separator ? "-" : t.key, t.caption, t.tip,
+                                    FormatBool(t.visible), FormatBool(t.enabled)}));
+            }
+        }
     });
     r.Add("bands", "", 0, 0, [](Call& call) {
         ToolbarModel& bar = call.Control().Toolbar();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -132,17 +133,32 @@ TEST_F(ShellTest, BandsAsCreated) {
     EXPECT_FALSE(fy.Toolbar().GetBand("FloatForm").Visible());
 }
 
+// Each switch hides exactly its tool of "Main"; the popup's tools stay.
 TEST_F(ShellTest, HostSwitchesTouchOnlyTheirTools) {
-    fy.SetToolState_SaveFY(false);
-    EXPECT_FALSE(Shown("Main", "Edit_SaveFY"));
-    EXPECT_TRUE(Shown("Pop", "Pop_Output"));
-    fy.SetToolState_SaveFL(false);
-    EXPECT_FALSE(Shown("Main", "Edit_SaveFL"));
-    EXPECT_TRUE(Shown("Pop", "Edit_SaveFL")) << "the popup's tool of the same key";
-    fy.HideCoeComboBox(true);
-    EXPECT_FALSE(Shown("Main", "Edit_Coe"));
-    fy.HideCoeComboBox(false);
-    EXPECT_TRUE(Shown("Main", "Edit_Coe"));
+    using Switch = std::function<void(KW_FYTable&, bool)>;
+    const std::pair<Switch, const char*> switches[] = {
+        {&KW_FYTable::SetToolState_CallFL, "Edit_CallFL"},
+        {&KW_FYTable::SetToolState_OpenFL, "Edit_OpenFL"},
+        {&KW_FYTable::SetToolState_SaveFL, "Edit_SaveFL"},
+        {&KW_FYTable::SetToolState_OpenFY, "Edit_OpenFY"},
+        {&KW_FYTable::SetToolState_SaveFY, "Edit_SaveFY"},
+        {[](KW_FYTable& t, bool on) { t.HideCoeComboBox(!on); }, "Edit_Coe"}};
+    auto shownKeys = [&](const std::string& band) {
+        Strings keys;
+        for (const Tool& t : fy.Toolbar().GetBand(band).Tools())
+            if (t.visible && t.kind != ToolKind::Separator) keys.push_back(t.key);
+        return keys;
+    };
+    const Strings main = shownKeys("Main"), pop = shownKeys("Pop");
+    for (const auto& [set, key] : switches) {
+        set(fy, false);
+        Strings expected = main;
+        std::erase(expected, std::string(key));
+        EXPECT_EQ(shownKeys("Main"), expected) << key;
+        EXPECT_EQ(shownKeys("Pop"), pop) << key;
+        set(fy, true);
+        EXPECT_EQ(shownKeys("Main"), main) << key;
+    }
 
     fy.HideToolButton_MateFY();
     for (const char* k : {"Edit_Kind", "Edit_Coe", "Edit_CallFL", "Edit_FLFile"})

@@ -133,6 +133,58 @@ TEST_F(CellEditTest, ClassViewStoresTheClassRateAndTheNoRateClassEmpty) {
     EXPECT_EQ(events.recalc, 0);
 }
 
+// A transfer-rate row T between a plain row A and a composite row S that
+// takes T's rate: what is typed into T's rate cell, or filled over it, gives
+// way to the rate its stored distance selects, and S follows.
+struct PatternCase {
+    const char* distance;
+    int32_t node;
+    const char *shown, *stored, *amount;
+};
+
+class PatternRateTest : public EditingFixture, public ::testing::WithParamInterface<PatternCase> {
+protected:
+    void SetUp() override {
+        project.AddClass("一类", 1, 1);
+        AddTransferRate("一类", GetParam().distance);
+        AddFee(1, "A", "3", "100");
+        AddFee(2, "T", "FL_GDZY_GL", "A");
+        AddFee(3, "S", "S*", "T");
+        if (const int32_t node = GetParam().node) {
+            project.AddItem({.id = node, .qfClass = kCategory, .flClass = "一类"});
+            control.SetNodeID(node);
+        }
+        Load();
+        rateCol = GetParam().node ? Cols().rate : Cols().classFirst;
+    }
+    int rateCol = 0;
+};
+
+TEST_P(PatternRateTest, TypedRateGivesWayToTheStoredQuantity) {
+    const PatternCase& c = GetParam();
+    ASSERT_TRUE(Grid().UserEdit(2, rateCol, "9"));
+    EXPECT_EQ(Grid().Text(2, rateCol), c.shown);
+    EXPECT_EQ(Grid().Text(3, rateCol), c.shown) << "the composite row follows";
+    EXPECT_EQ(StoredRate("FL_GDZY_GL", "一类"), c.stored);
+    EXPECT_EQ(core.fee.amount(2), c.amount);
+}
+
+TEST_P(PatternRateTest, FilledRateGivesWayToo) {
+    const PatternCase& c = GetParam();
+    Grid().SetText(1, rateCol, "9%");
+    Grid().SetSelection(1, rateCol, 3, rateCol);
+    control.FillSelText();
+    EXPECT_EQ(Column(rateCol), (V{"9%", c.shown, c.shown}));
+    EXPECT_EQ(events.afterEdit, 1);
+    EXPECT_EQ(events.recalc, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tables, PatternRateTest,
+    ::testing::Values(PatternCase{"300", 0, "2.5%", "2.5%", ""},  // class view: stored
+                      PatternCase{"", 0, "9%", "9%", ""},  // no distance entered: typed stays
+                      PatternCase{"300", 7, "2.5%", "<none>", "7.50"}));  // node: 300 x 2.5%
+
 struct PopupSpy : ToolbarObserver {
     std::vector<std::string> shown;
     void PopupRequested(const std::string& band, int, int) override { shown.push_back(band); }
