@@ -39,19 +39,28 @@ void RecalcAll(ControlCore& core) {
     calc::CalcFY_One(core, 1, int16_t(core.fee.LastRow()));
 }
 
-// Class view: the typed class rate is the project rate of that class.
-void StoreClassRate(ControlCore& core, int row, int col) {
+// Class view: the typed class rates of rows first..last in one column are
+// the project rates of that class.
+void StoreClassRates(ControlCore& core, int first, int last, int col) {
     FeeGrid& fee = core.fee;
     const std::string& cls = fee.caption(col);
-    const std::string text =
-        cls == kNoRateClass ? std::string() : FormattedRate(fee, row, fee.Grid().Text(row, col));
-    fee.Grid().SetText(row, col, text);
+    GridModel& grid = fee.Grid();
+    // "..." marks a composite rate still to be computed: it has no value of
+    // its own to store.
+    auto stored = [&](int row) { return grid.Text(row, col) != "..."; };
+    for (int row = first; row <= last; ++row)
+        if (stored(row))
+            grid.SetText(
+                row, col,
+                cls == kNoRateClass ? std::string() : FormattedRate(fee, row, grid.Text(row, col)));
 
     rates::RateFiles files(core);
     db::Database& project = files.Project();
     db::Transaction tx(project);
-    rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls, text,
-                         core.work.CurQFClass);
+    for (int row = first; row <= last; ++row)
+        if (stored(row))
+            rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls,
+                                 grid.Text(row, col), core.work.CurQFClass);
     tx.Commit();
 }
 
@@ -90,8 +99,16 @@ void ProcessCellEdit(ControlCore& core, int row, int col) {
         if (col == cols.rate) fee.setRate(row, FormattedRate(fee, row, fee.rate(row)));
         RecalcAll(core);
     } else if (fee.IsClassCol(col)) {
-        StoreClassRate(core, row, col);
+        StoreClassRates(core, row, row, col);
     }
+    RefreshCompositeRates(core);
+}
+
+void ProcessClassColumnEdit(ControlCore& core, int col) {
+    FeeGrid& fee = core.fee;
+    if (fee.DataRowCount() < 2 || core.work.RateStdPath.empty()) return;
+    if (core.work.RateMode != 2 || core.ctx.NodeID != 0 || !fee.IsClassCol(col)) return;
+    StoreClassRates(core, 1, fee.LastRow(), col);
     RefreshCompositeRates(core);
 }
 
