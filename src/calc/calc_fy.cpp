@@ -65,7 +65,17 @@ void CalcFY(ControlCore& core) {
     CalcFY_One(core, 1, int16_t(std::min(last, 32767)));
 }
 
+void CalcFY(ControlCore& core, db::Database& project) {
+    const int last = core.fee.LastRow();
+    if (last < 1) return;
+    CalcFY_One(core, 1, int16_t(std::min(last, 32767)), &project);
+}
+
 void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow) {
+    CalcFY_One(core, startRow, endRow, nullptr);
+}
+
+void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow, db::Database* project) {
     FeeGrid& fee = core.fee;
     const int last = fee.LastRow();
     if (last < 1) return;
@@ -78,8 +88,11 @@ void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow) {
 
     const std::string category = core.ctx.QFKind == 1 ? std::string() : fee.category(first);
     const PriceKeyList keys =
-        pricekeys::GetPriceKeys(core.ctx.DataPath, core.ctx.WorkDBFullName, core.ctx.WorkID,
-                                category, core.ctx.NodeID, ResolverOf(core));
+        project
+            ? pricekeys::GetPriceKeys(core.ctx.DataPath, *project, core.ctx.WorkID, category,
+                                      core.ctx.NodeID, ResolverOf(core))
+            : pricekeys::GetPriceKeys(core.ctx.DataPath, core.ctx.WorkDBFullName, core.ctx.WorkID,
+                                      category, core.ctx.NodeID, ResolverOf(core));
 
     std::vector<FeeCalcRow> rows = BuildRows(fee, first, end);
     TranslateFormulas(rows, keys);

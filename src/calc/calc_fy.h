@@ -6,7 +6,10 @@
 
 namespace kwfy {
 class ControlCore;
+namespace db {
+class Database;
 }
+}  // namespace kwfy
 
 namespace kwfy::calc {
 
@@ -27,5 +30,10 @@ void CalcFY(ControlCore& core);
 // above endRow) throws kwfy::Error and changes nothing. Database failures
 // throw kwfy::Error before any amount is written.
 void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow);
+
+// CalcFY and CalcFY_One reading the prices from a project database the caller
+// has open, so that a load opens it once.
+void CalcFY(ControlCore& core, db::Database& project);
+void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow, db::Database* project);
 
 }  // namespace kwfy::calc

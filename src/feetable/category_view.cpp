@@ -56,7 +56,8 @@ bool IsShowQFIndexTable(ControlCore& core, db::Database& project) {
     return db::IsNumericSwitchOn(db::GetWithCode(config, key));
 }
 
-bool LoadQFIndexView(ControlCore& core, db::Database& project) {
+bool LoadQFIndexView(ControlCore& core, rates::RateFiles& files) {
+    db::Database& project = files.Project();
     GridModel& index = core.indexGrid;
     // A copy: loading a category does not refill the box, but the view must
     // not depend on that.
@@ -76,7 +77,7 @@ bool LoadQFIndexView(ControlCore& core, db::Database& project) {
         const std::string& category = categories[size_t(i)];
         index.SetCurrentCell(i, kCaptionCol);
         core.work.CurQFClass = category;
-        LoadFYRows(core, category);
+        LoadFYRows(core, files, category);
         index.SetText(i, kCaptionCol, "[" + category + "]费用合计");
         index.SetText(i, kTotalCol, calc::FormatNumber(CategoryTotal(core.fee), "0.00"));
         index.SetText(i, kCategoryCol, category);
@@ -96,7 +97,7 @@ bool LoadQFIndexView(ControlCore& core, db::Database& project) {
     const int startRow = IndexOf(categories, start);
     index.SetCurrentCell(startRow >= 0 ? startRow : n, kCaptionCol);
     core.work.CurQFClass = start;
-    LoadFYRows(core, start);
+    LoadFYRows(core, files, start);
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "control/control_core.h"
 #include "db/database.h"
+#include "rates/rate_catalogue.h"
 
 namespace kwfy::feetable {
 
@@ -25,7 +26,7 @@ bool IsShowQFIndexTable(ControlCore& core, db::Database& project);
 // category that was current before and returns true. Otherwise hides the
 // index grid and returns false (the caller loads the category alone). The
 // control is laid out again either way.
-bool LoadQFIndexView(ControlCore& core, db::Database& project);
+bool LoadQFIndexView(ControlCore& core, rates::RateFiles& files);
 
 // The user chose a category in the category box: it becomes CurQFClass and
 // is loaded (LoadFYRows); the index grid's current row goes back to its first

@@ -39,21 +39,31 @@ void RecalcAll(ControlCore& core) {
     calc::CalcFY_One(core, 1, int16_t(core.fee.LastRow()));
 }
 
-// Class view: the typed class rate is the project rate of that class. A row
-// with a pattern rate shows what its pattern gives, so that is what is kept.
-void StoreClassRate(ControlCore& core, rates::RateFiles& files, int row, int col) {
+// Class view: the typed class rates of rows first..last in one column are
+// the project rates of that class. A row with a pattern rate shows what its
+// pattern gives, so that is what is kept.
+void StoreClassRates(ControlCore& core, rates::RateFiles& files, int first, int last, int col) {
     FeeGrid& fee = core.fee;
     const std::string& cls = fee.caption(col);
-    fee.Grid().SetText(
-        row, col,
-        cls == kNoRateClass ? std::string() : FormattedRate(fee, row, fee.Grid().Text(row, col)));
-    RefreshRowPatternRates(core, files, row, "");
-    if (cls == kNoRateClass) fee.Grid().SetText(row, col, "");
+    GridModel& grid = fee.Grid();
+    // "..." marks a composite rate still to be computed: it has no value of
+    // its own to store.
+    std::vector<int> rows;
+    for (int row = first; row <= last; ++row)
+        if (grid.Text(row, col) != "...") rows.push_back(row);
+    for (int row : rows) {
+        grid.SetText(
+            row, col,
+            cls == kNoRateClass ? std::string() : FormattedRate(fee, row, grid.Text(row, col)));
+        RefreshRowPatternRates(core, files, row, "");
+        if (cls == kNoRateClass) grid.SetText(row, col, "");
+    }
 
     db::Database& project = files.Project();
     db::Transaction tx(project);
-    rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls,
-                         fee.Grid().Text(row, col), core.work.CurQFClass);
+    for (int row : rows)
+        rates::SaveProjectFL(project, core.ctx.WorkID, RateKeyOf(fee, row), cls,
+                             grid.Text(row, col), core.work.CurQFClass);
     tx.Commit();
 }
 
@@ -99,9 +109,18 @@ void ProcessCellEdit(ControlCore& core, int row, int col) {
         return;
     }
     if (!fee.IsClassCol(col)) return RefreshCompositeRates(core, nodeClass);
-    StoreClassRate(core, files, row, col);
+    StoreClassRates(core, files, row, row, col);
     // After the edited row: the composite rates may name it.
     RefreshCompositeRates(core, nodeClass);
+}
+
+void ProcessClassColumnEdit(ControlCore& core, int col) {
+    FeeGrid& fee = core.fee;
+    if (fee.DataRowCount() < 2 || core.work.RateStdPath.empty()) return;
+    if (core.work.RateMode != 2 || core.ctx.NodeID != 0 || !fee.IsClassCol(col)) return;
+    rates::RateFiles files(core);
+    StoreClassRates(core, files, 1, fee.LastRow(), col);
+    RefreshCompositeRates(core, NodeClassOf(core, files));
 }
 
 }  // namespace kwfy::feetable

@@ -37,4 +37,9 @@ bool FormulaCycleFree(const FeeGrid& fee, int row);
 // Each step that writes runs in one transaction.
 void ProcessCellEdit(ControlCore& core, int row, int col);
 
+// ProcessCellEdit of every data row of class column `col` at once (case 5),
+// with the rates stored in one transaction and the composite rates brought
+// up to date once: for a column whose cells were all replaced.
+void ProcessClassColumnEdit(ControlCore& core, int col);
+
 }  // namespace kwfy::feetable

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "db/database.h"
+#include "feetable/cell_edit.h"
 #include "feetable/frm_class.h"
 #include "feetable/frm_col_value.h"
 #include "kwfy/error.h"
@@ -111,6 +112,11 @@ void InsertClassColumn(ControlCore& core, int at, const std::string& name) {
 }  // namespace
 
 void LoadClassCols(ControlCore& core) {
+    auto project = db::Database::Open(core.ctx.WorkDBFullName);
+    LoadClassCols(core, project);
+}
+
+void LoadClassCols(ControlCore& core, db::Database& project) {
     BuildingFlag building(core.work);
     FeeColumns& cols = core.fee.Columns();
     cols.classFirst = 0;
@@ -118,7 +124,6 @@ void LoadClassCols(ControlCore& core) {
 
     std::vector<std::string> names;
     {
-        auto project = db::Database::Open(core.ctx.WorkDBFullName);
         auto rs = project.Query("SELECT * FROM Class WHERE WorkID=? ORDER BY OCode",
                                 {int64_t(core.ctx.WorkID)});
         for (; !rs.Eof(); rs.MoveNext()) names.push_back(rs.Text("Name"));
@@ -254,6 +259,7 @@ void InputColValue(ControlCore& core) {
     for (int c = cols.classFirst; c <= cols.classLast; ++c) {
         if (core.fee.caption(c) != chosen) continue;
         for (int r = 1; r < grid.Rows(); ++r) grid.SetText(r, col, grid.Text(r, c));
+        ProcessClassColumnEdit(core, col);
         break;
     }
 }

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "control/control_core.h"
+#include "db/database.h"
 
 namespace kwfy::feetable {
 
@@ -21,6 +22,8 @@ constexpr int kClassColWidth = 850;
 // classes the bounds are both 0 and the grid is left alone. The current-cell
 // handling ignores changes while this runs (WorkingState::BuildingClassCols).
 void LoadClassCols(ControlCore& core);
+// The same on a project database the caller has open.
+void LoadClassCols(ControlCore& core, db::Database& project);
 
 // Asks for a name (frmClass) and appends the class after the last class
 // column; the class is stored after every existing class. For a

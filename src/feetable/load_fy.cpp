@@ -107,7 +107,7 @@ void LoadFY(ControlCore& core) {
     FillQFClassCombo(core, project, work.CurQFClass);
     work.FYCoe =
         core.display.HideCoeComboBox ? 1.0 : ReadFYCoe(project, core.ctx.WorkID, work.CurQFClass);
-    if (LoadQFIndexView(core, project)) return;
+    if (LoadQFIndexView(core, files)) return;
 
     const std::string& shown = CategoryBoxText(core);
     if (shown != work.CurQFClass) work.CurQFClass = shown;
@@ -123,12 +123,13 @@ void LoadFYRows(ControlCore& core, rates::RateFiles& files, const std::string& c
     const Context& ctx = core.ctx;
     WorkingState& work = core.work;
     db::Database& project = files.Project();
+    files.CloseRateStd();
     work.RateStdPath =
         rates::RateStdPathFor(ctx.DataPath, rates::GetFLFileName(project, ctx.WorkID, category));
 
     ClearGrid(core);
-    rates::BuildMarkTools(core, category);
-    if (ctx.NodeID == 0) LoadClassCols(core);
+    rates::BuildMarkTools(core, files, category);
+    if (ctx.NodeID == 0) LoadClassCols(core, project);
     work.RateMode = project.Query("SELECT * FROM Class").Eof() ? 1 : 2;
     const std::string nodeClass = rates::GetNodeFLClass(project, ctx.WorkID, ctx.NodeID);
 
@@ -142,7 +143,7 @@ void LoadFYRows(ControlCore& core, rates::RateFiles& files, const std::string& c
     if (work.RateMode == 2 && ctx.NodeID == 0)
         core.grid.SetColWidth(core.fee.Columns().amount, 0);
     else
-        calc::CalcFY(core);
+        calc::CalcFY(core, project);
 
     std::string loaded = category;
     core.events.ChangeQFClass(loaded);

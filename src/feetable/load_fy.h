@@ -23,8 +23,8 @@ void LoadFY(ControlCore& core);
 // for a category without rows. Rates stored on the way are written in one
 // transaction.
 void LoadFYRows(ControlCore& core, const std::string& category);
-// The same on files already opened by the caller; the rate standard must not
-// have been opened yet, as its path is decided here.
+// The same on files already opened by the caller, which a load opens once;
+// the rate standard is closed and reopened for the category's own.
 void LoadFYRows(ControlCore& core, rates::RateFiles& files, const std::string& category);
 
 // The fee coefficient recorded for the project and category (Coe of the

@@ -55,7 +55,7 @@ private:
     db::Database& db_;
 };
 
-void StoreRowRates(ControlCore& core, StoredRates& stored, int r, const std::string& nodeClass) {
+void StoreRatesOf(ControlCore& core, StoredRates& stored, int r, const std::string& nodeClass) {
     const FeeGrid& fee = core.fee;
     const std::string& spec = fee.rateSpec(r);
     const std::string& key = spec.empty() || EndsWithPercent(spec) ? fee.key(r) : spec;
@@ -105,7 +105,7 @@ void WriteRows(ControlCore& core, const SavePlan& plan) {
         FYInserter inserter(project);
         for (int r = first, code = 1; r <= last; ++r, ++code) {
             const std::string& category = plan.categoryPerRow ? fee.category(r) : plan.category;
-            if (stored) StoreRowRates(core, *stored, r, nodeClass);
+            if (stored) StoreRatesOf(core, *stored, r, nodeClass);
             ids.push_back(inserter.Add(core, r, code, category, calcKeys[size_t(r)]));
         }
         tx.Commit();
@@ -125,6 +125,13 @@ std::vector<std::string> ReadSavedCalcKeys(const FeeGrid& fee, db::Database& pro
         if (find.Step()) keys[size_t(r)] = find.Column(0).Text();
     }
     return keys;
+}
+
+void StoreRowRates(ControlCore& core, db::Database& project, int row) {
+    if (!core.fee.IsDataRow(row)) return;
+    StoredRates stored(project, core.ctx.WorkID, core.work.CurQFClass);
+    StoreRatesOf(core, stored, row,
+                 rates::GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID));
 }
 
 void SaveFY_One(ControlCore& core, int startRow, int endRow, const std::string& category) {

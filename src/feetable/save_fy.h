@@ -33,4 +33,8 @@ void SaveFY_One(ControlCore& core, int startRow, int endRow, const std::string& 
 // were added or deleted).
 void ResaveFYRows(ControlCore& core);
 
+// Stores the rates of grid row `row` as SaveFY_One stores them, without
+// writing its FY record; the caller owns the transaction on `project`.
+void StoreRowRates(ControlCore& core, db::Database& project, int row);
+
 }  // namespace kwfy::feetable

@@ -55,6 +55,13 @@ calc::PriceKeyList GetPriceKeys(const std::string& dataPath, const std::string& 
                                 int16_t workId, const std::string& category, int32_t nodeId,
                                 PriceKeyResolver& resolver) {
     db::Database project = db::Database::Open(projectDbPath);
+    return GetPriceKeys(dataPath, project, workId, category, nodeId, resolver);
+}
+
+calc::PriceKeyList GetPriceKeys(const std::string& dataPath, db::Database& project, int16_t workId,
+                                const std::string& category, int32_t nodeId,
+                                PriceKeyResolver& resolver) {
+    const std::string& projectDbPath = project.Path();
     const std::string keyCategory = CategoryOrDefault(project, workId, category);
     const std::vector<std::string> names = GatherKeys(project, workId, keyCategory);
 

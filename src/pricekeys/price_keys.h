@@ -5,6 +5,7 @@
 #include <string>
 
 #include "calc/recalc.h"
+#include "db/database.h"
 #include "kwfy/price_key_resolver.h"
 
 namespace kwfy::pricekeys {
@@ -29,6 +30,10 @@ namespace kwfy::pricekeys {
 // Both databases are closed before the function returns.
 calc::PriceKeyList GetPriceKeys(const std::string& dataPath, const std::string& projectDbPath,
                                 int16_t workId, const std::string& category, int32_t nodeId,
+                                PriceKeyResolver& resolver);
+// The same on a project database the caller has open (and closes).
+calc::PriceKeyList GetPriceKeys(const std::string& dataPath, db::Database& project, int16_t workId,
+                                const std::string& category, int32_t nodeId,
                                 PriceKeyResolver& resolver);
 
 }  // namespace kwfy::pricekeys

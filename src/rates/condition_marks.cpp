@@ -123,6 +123,11 @@ void SaveMarksIn(ControlCore& core, db::Database& project) {
 }
 
 void BuildMarkTools(ControlCore& core, const std::string& category) {
+    RateFiles files(core);
+    BuildMarkTools(core, files, category);
+}
+
+void BuildMarkTools(ControlCore& core, RateFiles& files, const std::string& category) {
     core.fee.SetColumnIndexes();
     core.fee.InitGridLayout();
     auto& marks = core.work.MarkKeys;
@@ -130,7 +135,6 @@ void BuildMarkTools(ControlCore& core, const std::string& category) {
     TrimMainBand(core.toolbar);
     Band& main = core.toolbar.GetBand(kMainBand);
 
-    RateFiles files(core);
     if (files.RateStdExists()) {
         db::Database& project = files.Project();
         db::Database& rateStd = files.RateStd();

@@ -15,6 +15,7 @@
 
 #include "control/control_core.h"
 #include "db/database.h"
+#include "rates/rate_catalogue.h"
 
 namespace kwfy::rates {
 
@@ -41,6 +42,8 @@ int MarkBoxNumber(const std::string& toolKey);
 // does not define get no tools. Without a rate standard file no marks are
 // shown.
 void BuildMarkTools(ControlCore& core, const std::string& category);
+// The same on files the caller has open.
+void BuildMarkTools(ControlCore& core, RateFiles& files, const std::string& category);
 
 // Stores the selected value of every mark box of "Main" for the project and
 // CurQFClass; a box without a selection is skipped.

@@ -109,14 +109,14 @@ void OnMarkBoxChanged(ControlCore& core, const std::string& toolKey) {
         if (core.work.RateMode == 2) {
             // The composite rates follow the refreshed row and are stored.
             const std::string nodeClass =
-                core.ctx.NodeID != 0
-                    ? GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
-                    : std::string();
-            if (CalcStarRates(core, nodeClass)) {
-                db::Transaction store(project);
-                StoreStarRates(core, project, nodeClass);
-                store.Commit();
-            }
+                core.ctx.NodeID != 0 ? GetNodeFLClass(project, core.ctx.WorkID, core.ctx.NodeID)
+                                     : std::string();
+            db::Transaction store(project);
+            if (CalcStarRates(core, nodeClass)) StoreStarRates(core, project, nodeClass);
+            // The refreshed row is stored as a save would store it, so the
+            // next load shows the new choice's rates for it.
+            feetable::StoreRowRates(core, project, core.grid.Row());
+            store.Commit();
         }
     }
     if (core.work.RateMode == 1) {

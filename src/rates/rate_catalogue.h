@@ -75,6 +75,9 @@ public:
     db::Database& Project();
     db::Database& RateStd();
     bool RateStdExists() const;
+    // Closes the rate standard, so that the next RateStd() opens the file
+    // that RateStdPath names then (a load of another category).
+    void CloseRateStd() { rateStd_.reset(); }
 
 private:
     ControlCore& core_;

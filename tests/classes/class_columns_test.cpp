@@ -158,23 +158,44 @@ TEST_F(ClassColumnsTest, OperationsOutsideAClassColumnOnlyWarn) {
     EXPECT_EQ(events.editClass, 0);
 }
 
-TEST_F(ClassColumnsTest, InputColValueCopiesChosenColumn) {
+// Each copied cell is processed as a typed class rate: normalised, stored
+// for the class, and followed by the composite rate (row C is A's rate).
+TEST_F(ClassColumnsTest, InputColValueCopiesChosenColumnAsTypedRates) {
     LoadClassCols(core);
-    AddRows({"FL_A", "FL_B"});
+    core.work.RateMode = 2;
+    core.work.RateStdPath = dir.File("std.RXFL");
+    AddRows({"FL_A", "FL_B", "C*"});
+    core.fee.setKey(1, "A");
+    core.fee.setFormula(3, "A");
     const int first = core.fee.Columns().classFirst;
-    core.grid.SetText(1, first, "1.5%");
+    core.grid.SetText(1, first, "1.5");
     core.grid.SetText(2, first + 1, "2%");
-    for (const char* target : {"安装", "土建"}) {  // the second copies onto itself
-        SelectColumnOf(target);
+    struct Case {
+        const char* target;
+        std::vector<std::string> cells;  // rows 1-3 of the target column
+        std::vector<std::string> stored;
+    } cases[] = {
+        {"安装", {"1.5%", "", "1.5%"}, {"C*|安装|", "FL_A|安装|1.5%", "FL_B|安装|"}},
+        // Onto itself: C's cell is stored as it stood (computed from "1.5"),
+        // then recomputed from the normalised A.
+        {"土建", {"1.5%", "", "1.5%"}, {"C*|土建|150%", "FL_A|土建|1.5%", "FL_B|土建|"}},
+    };
+    for (const auto& c : cases) {
+        Db().Execute("DELETE FROM FY_FL");
+        SelectColumnOf(c.target);
+        const int col = core.grid.Col();
         ui.QueueDialog("frmColValue", {{"cmbProjectClass", "土建"}});
         ui.QueueAnswer(MsgAnswer::Yes);
         InputColValue(core);
         EXPECT_EQ(ui.Log().back(), std::string("message 友情提示 | 确信以【土建】的费率替换【") +
-                                       target + "】的费率值吗？");
-        for (int c : {first, first + 1}) {
-            EXPECT_EQ(core.grid.Text(1, c), "1.5%");
-            EXPECT_EQ(core.grid.Text(2, c), "");
-        }
+                                       c.target + "】的费率值吗？");
+        std::vector<std::string> cells, stored;
+        for (int r = 1; r <= 3; ++r) cells.push_back(core.grid.Text(r, col));
+        EXPECT_EQ(cells, c.cells) << c.target;
+        auto rs = Db().Query("SELECT * FROM FY_FL WHERE WorkID=1 AND QFClass='建安费' ORDER BY FL");
+        for (; !rs.Eof(); rs.MoveNext())
+            stored.push_back(rs.Text("FL") + "|" + rs.Text("Class") + "|" + rs.Text("Value"));
+        EXPECT_EQ(stored, c.stored) << c.target;
     }
     EXPECT_FALSE(ui.Busy());
 }

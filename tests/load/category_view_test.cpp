@@ -6,6 +6,7 @@
 #include "db/keyinfo.h"
 #include "feetable/category_box.h"
 #include "load_fixture.h"
+#include "support/open_counter.h"
 
 namespace kwfy::test {
 namespace {
@@ -53,6 +54,15 @@ TEST_F(CategoryViewTest, ListsEveryCategoryWithItsTotalAndShowsTheStartingOne) {
     EXPECT_EQ(Index().Row(), 1);
     EXPECT_EQ(events.changed, (V{"丙", "乙", "甲", "乙"}));
     EXPECT_DOUBLE_EQ(events.recalc.back(), 140.5);
+}
+
+TEST_F(CategoryViewTest, LoadingEveryCategoryOpensTheProjectDatabaseOnce) {
+    Switch("1");
+    project.Close();
+    OpenCounter counter;
+    control.LoadFY();
+    EXPECT_EQ(Index().Rows(), 4);
+    EXPECT_EQ(counter.Opens(project.Path()), 1);
 }
 
 TEST_F(CategoryViewTest, ShownOnlyWhenConfiguredForAFeeKindOfZero) {

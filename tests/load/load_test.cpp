@@ -9,6 +9,7 @@
 #include "feetable/load_fy.h"
 #include "feetable/stored_rates.h"
 #include "load_fixture.h"
+#include "support/open_counter.h"
 
 namespace kwfy::test {
 namespace {
@@ -166,6 +167,43 @@ TEST_F(LoadFixture, FeeCoefficientFromTheRateRecord) {
     Db().Execute("UPDATE FY_FLFileName SET Coe='1.5'");
     control.LoadFY();
     EXPECT_DOUBLE_EQ(core.work.FYCoe, 1.0);
+}
+
+// Marks, class columns, rates and prices are all read on the one connection
+// of the load, which is closed before LoadFY returns.
+TEST_F(LoadFixture, ALoadOpensTheProjectDatabaseOnce) {
+    const int64_t gl = RateStd().AddRate("GL");
+    RateStd().AddWithMark(gl, "Region");
+    RateStd().AddMark("Region", "Region", "地区", "一类|二类");
+    RateStd().AddValue(gl, "", "Region=一类", "4%");
+    project.AddPrice(project.AddItem({.id = 5, .qfClass = kCategory, .flClass = "甲"}), "$P$", 10);
+    for (int64_t node : {0, 5}) {
+        project.AddFY({.qfClass = kCategory,
+                       .nodeId = node,
+                       .code = 1,
+                       .key = "A",
+                       .fl = "GL",
+                       .wffs = "$P$"});
+        project.AddFY(
+            {.qfClass = kCategory, .nodeId = node, .code = 2, .key = "B", .fl = "3%", .wffs = "A"});
+    }
+    struct Case {
+        bool classes;
+        int32_t node;
+    } cases[] = {{false, 0}, {true, 0}, {true, 5}};
+    for (const auto& c : cases) {
+        if (c.classes) project.AddClass("甲", 1, 1);
+        control.SetNodeID(c.node);
+        control.SetFYNodeID(c.node);
+        project.Close();
+        {
+            OpenCounter counter;
+            control.LoadFY();
+            EXPECT_EQ(counter.Opens(project.Path()), 1) << c.classes << " " << c.node;
+        }
+        EXPECT_EQ(Fee().DataRowCount(), 2);
+        Db().Execute("DELETE FROM Class");
+    }
 }
 
 // The one-read answers must be the database's, duplicates and case included.

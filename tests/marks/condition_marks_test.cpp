@@ -168,6 +168,97 @@ TEST_F(ConditionMarksTest, ChoiceOnFloatingBandFollowsToMainAndIsStored) {
     EXPECT_EQ(events.afterEdit, 1);
 }
 
+// What follows a mark change beyond the refreshed rates: the grid holds row
+// A (FL_JJF, amount base 1000) and the composite row C (rate of A); the
+// choice goes from 二类地区 (rate 0) to 一类地区.
+class MarkChangeTest : public ConditionMarksTest {
+protected:
+    void SetUp() override {
+        ConditionMarksTest::SetUp();
+        StoreChoice("二类地区");
+        StoreRows({"FL_JJF", "C*"});
+        BuildMarkTools(core, "建安费");
+        core.ctx.NodeID = 0;
+        AddFeeRow("A", "FL_JJF", "1000");
+        AddFeeRow("C", "C*", "A");
+    }
+
+    void AddFeeRow(const std::string& key, const std::string& spec, const std::string& formula) {
+        core.grid.AddRow();
+        const int r = core.grid.Rows() - 1;
+        core.fee.setKey(r, key);
+        core.fee.setRateSpec(r, spec);
+        core.fee.setFormula(r, formula);
+        core.fee.setCategory(r, "建安费");
+    }
+
+    void ChooseFirstRegion() {
+        Tool* box = core.toolbar.FindTool("Main", "A1");
+        ASSERT_NE(box, nullptr);
+        box->listIndex = 1;  // 二类地区, as stored
+        core.grid.SetCurrentCell(1, core.fee.Columns().key);
+        ASSERT_TRUE(core.toolbar.UserChoose("A1", "一类地区"));
+        EXPECT_EQ(events.afterEdit, 1);
+    }
+
+    // "FL|Class|Value" of the stored project rates, sorted.
+    std::vector<std::string> StoredRates() {
+        std::vector<std::string> out;
+        auto rs = Db().Query(
+            "SELECT * FROM FY_FL WHERE WorkID=1 AND QFClass='建安费' ORDER BY FL, Class");
+        for (; !rs.Eof(); rs.MoveNext())
+            out.push_back(rs.Text("FL") + "|" + rs.Text("Class") + "|" + rs.Text("Value"));
+        return out;
+    }
+};
+
+TEST_F(MarkChangeTest, WithoutClassesTheTableIsRecalculatedAndSaved) {
+    core.work.RateMode = 1;
+    ChooseFirstRegion();
+    EXPECT_EQ(core.fee.rate(1), "5%");
+    EXPECT_EQ(core.fee.amount(1), "50.00");
+    EXPECT_EQ(StoredRates(), (std::vector<std::string>{"C*||", "FL_JJF||5%"}));
+    auto codes =
+        Db().Query("SELECT Code FROM FY WHERE WorkID=1 AND QFClass='建安费' ORDER BY Code");
+    EXPECT_EQ(codes.RecordCount(), 2);
+}
+
+TEST_F(MarkChangeTest, WithClassesTheFocusRowAndCompositeRatesAreStored) {
+    struct Case {
+        int32_t node;  // 0: class view
+        std::vector<std::string> cells, stored;
+        const char* amount;  // of row A: calculated only for a node
+    } cases[] = {
+        {0, {"4%", "7%"}, {"C*|土建|4%", "C*|安装|7%", "FL_JJF|土建|4%", "FL_JJF|安装|7%"}, ""},
+        {5, {"4%"}, {"C*|土建|4%", "FL_JJF|土建|4%"}, "40.00"},
+    };
+    project.AddItem({.id = 5, .flClass = "土建"});
+    project.AddClass("土建", 1, 1);
+    project.AddClass("安装", 1, 2);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.node);
+        Db().Execute("DELETE FROM FY_FL");
+        Db().Execute("UPDATE FY_Mark SET Value='二类地区'");
+        events.afterEdit = 0;
+        core.ctx.NodeID = c.node;
+        core.work.RateMode = 2;
+        if (c.node == 0) feetable::LoadClassCols(core);
+        ChooseFirstRegion();
+
+        std::vector<std::string> rowA, rowC;
+        const auto& cols = core.fee.Columns();
+        for (int col : c.node == 0 ? std::vector<int>{cols.classFirst, cols.classLast}
+                                   : std::vector<int>{cols.rate}) {
+            rowA.push_back(core.grid.Text(1, col));
+            rowC.push_back(core.grid.Text(2, col));
+        }
+        EXPECT_EQ(rowA, c.cells);
+        EXPECT_EQ(rowC, c.cells);  // the composite rate follows A
+        EXPECT_EQ(StoredRates(), c.stored);
+        EXPECT_EQ(core.fee.amount(1), c.amount);
+    }
+}
+
 TEST_F(ConditionMarksTest, PanelOfRowWithParticularCoefficientsIsOneButton) {
     auto ids = StoreRows({"FL_QT"});
     ShowMarkPanel(core, ids[0]);
