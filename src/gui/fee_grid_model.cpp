@@ -148,22 +148,15 @@ void FeeGridModel::CellsChanged(int row0, int col0, int row1, int col1) {
         emit rowChanged(row0 - fixed);
 }
 
-void FeeGridModel::RowsInserted(int at, int count) {
-    const int fixed = grid_.FixedRows();
-    if (at < fixed || rows_ + count != grid_.Rows() - fixed) return Reset();
-    beginInsertRows({}, at - fixed, at - fixed + count - 1);
-    rows_ += count;
-    endInsertRows();
-    emit shapeChanged();
+// The grid tells of new and removed rows after the fact, while Qt must be
+// told before (views and proxies read the old rows in between), so both
+// become a reset; the view then restores the current cell from the grid.
+void FeeGridModel::RowsInserted(int, int) {
+    Reset();
 }
 
-void FeeGridModel::RowsRemoved(int at, int count) {
-    const int fixed = grid_.FixedRows();
-    if (at < fixed || rows_ - count != grid_.Rows() - fixed) return Reset();
-    beginRemoveRows({}, at - fixed, at - fixed + count - 1);
-    rows_ -= count;
-    endRemoveRows();
-    emit shapeChanged();
+void FeeGridModel::RowsRemoved(int, int) {
+    Reset();
 }
 
 void FeeGridModel::ColumnsChanged() {

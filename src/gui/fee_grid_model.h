@@ -67,9 +67,7 @@ private:
 
     GridModel& grid_;
     ActionRunner runner_;
-    // The shape the attached views were told of. Grid notifications arrive
-    // after the change, so the counts are kept here to give Qt the old shape
-    // between beginInsertRows and endInsertRows.
+    // The shape the attached views were last told of (at the last reset).
     int rows_ = 0;
     int cols_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QTimer>
 #include <algorithm>
 
 #include "gui/grid_shape.h"
@@ -176,11 +177,27 @@ void FeeGridView::selectionChanged(const QItemSelection& selected,
     ForwardSelection();
 }
 
+// A double click or Enter may lift the formula lock after a prompt; the
+// cell then opens for typing once the prompt has gone.
+bool FeeGridView::EditIfUnlocked(const QModelIndex& index, bool wasEditable) {
+    if (wasEditable || !index.isValid() || !(index.flags() & Qt::ItemIsEditable)) return false;
+    const QPersistentModelIndex cell(index);
+    QTimer::singleShot(0, this, [this, cell] {
+        if (!cell.isValid()) return;
+        setCurrentIndex(cell);
+        edit(cell);
+    });
+    return true;
+}
+
 void FeeGridView::keyPressEvent(QKeyEvent* event) {
     if (state() != QAbstractItemView::EditingState) {
         if (const int code = WindowsKeyCode(event->key())) {
+            const QModelIndex cell = currentIndex();
+            const bool wasEditable = cell.flags() & Qt::ItemIsEditable;
             const int shift = ShiftMask(event->modifiers());
             runner_([&] { Grid().UserKeyDown(code, shift); });
+            if (EditIfUnlocked(cell, wasEditable)) return event->accept();
         }
     }
     QTableView::keyPressEvent(event);
@@ -230,8 +247,12 @@ void FeeGridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void FeeGridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && cell.isValid()) {
+        const bool wasEditable = cell.flags() & Qt::ItemIsEditable;
         runner_([&] { Grid().UserDblClick(); });
+        if (EditIfUnlocked(cell, wasEditable)) return event->accept();
+    }
     QTableView::mouseDoubleClickEvent(event);
 }
 

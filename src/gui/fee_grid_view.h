@@ -52,6 +52,7 @@ private:
     void ShowAppearance();
     void ForwardSelection();
     bool ToggleOutlineAt(const QPoint& pos);
+    bool EditIfUnlocked(const QModelIndex& index, bool wasEditable);
     QPoint CellMiddleTwips(int gridRow, int col) const;
 
     FeeGridModel* model_;

@@ -65,8 +65,14 @@ FeeTableWidget::FeeTableWidget(QWidget* parent)
     setMinimumSize(240, 160);
 }
 
+// The views observe the control's models, so they go before the control; the
+// focus watch goes first of all, as closing the widget moves the focus.
 FeeTableWidget::~FeeTableWidget() {
+    disconnect(qApp, nullptr, this, nullptr);
     control_->RemoveListener(events_.get());
+    delete toolbars_;
+    delete feeView_;
+    delete indexView_;
 }
 
 QTableView& FeeTableWidget::IndexGrid() {
