@@ -156,6 +156,44 @@ private slots:
         QTest::qWait(20);
         QCOMPARE(view.indexWidget(cell) != nullptr, unlocked);  // the editor opened
     }
+
+    void enterInLockedFormulaAsksAndOpensTheCell() {
+        LoadedWidget w;
+        w.widget.LoadFY();
+        gui::FeeGridView& view = w.widget.FeeGrid();
+        const QModelIndex cell = IndexOf(view, 2, w.Core().fee.Columns().wffs);
+        view.setFocus();
+        view.setCurrentIndex(cell);
+        SeenBox seen;
+        AnswerNextBox(QMessageBox::Yes, &seen);
+        QTest::keyClick(&view, Qt::Key_Return);
+        QVERIFY(seen.seen);
+        QTRY_VERIFY(view.indexWidget(cell));
+        auto* editor = qobject_cast<QLineEdit*>(view.indexWidget(cell));
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClicks(editor, "A*2");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(w.Core().fee.formula(2), std::string("A*2"));
+        QCOMPARE(w.Core().fee.amount(2), std::string("200.00"));
+    }
+
+    void keysReachTheGridWithWindowsCodes_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("code");
+        QTest::newRow("enter") << int(Qt::Key_Enter) << 13;
+        QTest::newRow("F2") << int(Qt::Key_F2) << 113;
+        QTest::newRow("delete") << int(Qt::Key_Delete) << 46;
+        QTest::newRow("A") << int(Qt::Key_A) << 65;
+        QTest::newRow("7") << int(Qt::Key_7) << 55;
+        QTest::newRow("none") << int(Qt::Key_Meta) << 0;
+    }
+    void keysReachTheGridWithWindowsCodes() {
+        QFETCH(int, key);
+        QFETCH(int, code);
+        QCOMPARE(gui::FeeGridView::WindowsKeyCode(key), code);
+        QCOMPARE(gui::FeeGridView::ShiftMask(Qt::ShiftModifier | Qt::AltModifier), 5);
+    }
 };
 
 QTEST_MAIN(WidgetGridTest)
