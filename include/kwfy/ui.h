@@ -52,12 +52,18 @@ public:
     // Sets a field as the user would; false when the dialog has no such field
     // or the value is not acceptable for it (not an entry of a list).
     virtual bool SetField(const std::string& name, const std::string& value, Ui& ui) = 0;
+    // The entries a list field accepts, in display order; empty for a field
+    // that takes free text. A view offers these as the field's choices.
+    virtual std::vector<std::string> FieldChoices(const std::string& /*name*/) const { return {}; }
     // Presses the confirming button; true when the dialog closes accepted,
     // false when it stays open (a validation message was shown).
     virtual bool Accept(Ui& ui) = 0;
     // Presses another named button (for example "cmdBrow"); true when the
     // dialog closes accepted. The default knows no buttons.
     virtual bool Press(const std::string& /*button*/, Ui& /*ui*/) { return false; }
+    // The buttons Press knows besides the confirming and the cancelling one
+    // (for example "cmdBrow"), so that a view can offer them.
+    virtual std::vector<std::string> ButtonNames() const { return {}; }
     // Closes without accepting.
     virtual void Cancel() {}
 };

@@ -34,6 +34,9 @@ public:
     std::string Field(const std::string& name) const override;
     // Only an entry of the list is accepted.
     bool SetField(const std::string& name, const std::string& value, Ui& ui) override;
+    std::vector<std::string> FieldChoices(const std::string& name) const override {
+        return name == "cmbProjectClass" ? items_ : std::vector<std::string>{};
+    }
     bool Accept(Ui& ui) override;
     bool Press(const std::string& button, Ui& ui) override;
     void Cancel() override { result_.clear(); }

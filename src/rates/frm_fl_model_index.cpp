@@ -45,6 +45,15 @@ bool FrmFLModelIndex::SetField(const std::string& name, const std::string& value
     return false;
 }
 
+std::vector<std::string> FrmFLModelIndex::FieldChoices(const std::string& name) const {
+    std::vector<std::string> choices;
+    for (const Entry& e : entries_) {
+        if (name == "ID") choices.push_back(std::to_string(e.id));
+        if (name == "Name" && !e.text.empty()) choices.push_back(e.text);
+    }
+    return choices;
+}
+
 bool FrmFLModelIndex::Accept(Ui& /*ui*/) {
     const Entry* e = Chosen();
     if (!e) return false;

@@ -45,6 +45,10 @@ public:
     std::string Field(const std::string& name) const override;
     // Only the ID or text of a listed entry is accepted.
     bool SetField(const std::string& name, const std::string& value, Ui& ui) override;
+    // The entries' IDs for "ID"; their display texts for "Name" when the
+    // table has them.
+    std::vector<std::string> FieldChoices(const std::string& name) const override;
+    std::vector<std::string> ButtonNames() const override { return {"cmdBrow"}; }
     // False (the dialog stays open) when no entry is chosen.
     bool Accept(Ui& ui) override;
     bool Press(const std::string& button, Ui& ui) override;

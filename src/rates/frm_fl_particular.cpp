@@ -88,6 +88,11 @@ std::vector<std::string> FrmFLParticular::Entries(const std::string& field) cons
     return {};
 }
 
+std::vector<std::string> FrmFLParticular::FieldChoices(const std::string& name) const {
+    if (name == "chkGLF") return {"0", "1"};
+    return Entries(name);
+}
+
 std::vector<std::string> FrmFLParticular::FieldNames() const {
     switch (section_) {
         case Section::Subsidy:

@@ -58,6 +58,8 @@ public:
     std::vector<std::string> FieldNames() const override;
     std::string Field(const std::string& name) const override;
     bool SetField(const std::string& name, const std::string& value, Ui& ui) override;
+    // Entries() for the two lists; "0" and "1" for chkGLF.
+    std::vector<std::string> FieldChoices(const std::string& name) const override;
     bool Accept(Ui& ui) override;
 
 private:

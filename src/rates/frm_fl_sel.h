@@ -43,6 +43,9 @@ public:
     std::vector<std::string> FieldNames() const override { return {"Name"}; }
     std::string Field(const std::string& name) const override;
     bool SetField(const std::string& name, const std::string& value, Ui& ui) override;
+    std::vector<std::string> FieldChoices(const std::string& name) const override {
+        return name == "Name" ? files_ : std::vector<std::string>{};
+    }
     bool Accept(Ui& ui) override;
     bool Press(const std::string& button, Ui& ui) override;
     void Cancel() override;
