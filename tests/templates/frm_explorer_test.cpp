@@ -1,9 +1,8 @@
-// The template chooser: its tree, choosing and previewing, and taking the
-// chosen template through CallOtherFY.
+// The template chooser: its tree, choosing and previewing. Taking the choice
+// through CallOtherFY is driven in the golden script templates_library.fys.
 #include <fstream>
 
 #include "templates/frm_explorer.h"
-#include "templates/template_commands.h"
 #include "templates_fixture.h"
 
 namespace kwfy::test {
@@ -71,16 +70,6 @@ TEST_F(FrmExplorerTest, UpdateNamesTheConfiguredAddress) {
     ASSERT_EQ(ui.Log().size(), 2u);
     EXPECT_NE(ui.Log()[0].find("URL_FY"), std::string::npos);
     EXPECT_NE(ui.Log()[1].find("http://example.org/fy.txt"), std::string::npos);
-}
-
-TEST_F(FrmExplorerTest, CallOtherFYTakesTheChoiceAndCancelKeepsAll) {
-    const auto before = FeeRows();
-    control.CallOtherFY();
-    EXPECT_EQ(FeeRows(), before);
-    ui.QueueDialog("frmExplorer", {{"tvwExplorer", "A6"}});
-    control.CallOtherFY();
-    EXPECT_EQ(FeeRows()[0], "1|建安费|0|1|1|A|b.RXFY甲||说明|100|总合计");
-    EXPECT_EQ(events.afterEdit, 1);
 }
 
 }  // namespace
