@@ -22,6 +22,8 @@ void RegisterDataOps(Registry& r);
 void RegisterRatesOps(Registry& r);
 // Rate files and the choice of rate standard.
 void RegisterRateFileOps(Registry& r);
+// Fee templates and user layouts.
+void RegisterTemplateOps(Registry& r);
 
 void RegisterAllOps(Registry& r);
 

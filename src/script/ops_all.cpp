@@ -9,6 +9,7 @@ void RegisterAllOps(Registry& r) {
     RegisterDataOps(r);
     RegisterRatesOps(r);
     RegisterRateFileOps(r);
+    RegisterTemplateOps(r);
 }
 
 }  // namespace kwfy::script

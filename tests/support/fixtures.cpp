@@ -50,6 +50,22 @@ int64_t ProjectFixture::AddWorkStruct(int64_t id, const std::string& defaultQFCl
 }
 
 int64_t ProjectFixture::AddFY(const FYRow& fy) {
+    return InsertFY(Db(), fy);
+}
+
+int64_t TemplateFixture::AddFY(const FYRow& fy) {
+    return InsertFY(Db(), fy);
+}
+
+void TemplateFixture::AddKey(const std::string& key, const std::string& value) {
+    Insert("KeyInfo", {{"Key", key}, {"Value", value}});
+}
+
+void TemplateFixture::AddSM(const std::string& text) {
+    Insert("SM", {{"SM", text}});
+}
+
+int64_t InsertFY(db::Database& db, const FYRow& fy) {
     Row row{{"WorkID", int64_t(fy.workId)},
             {"QFClass", fy.qfClass},
             {"NodeID", fy.nodeId},
@@ -60,9 +76,8 @@ int64_t ProjectFixture::AddFY(const FYRow& fy) {
             {"SM", fy.sm},
             {"Wffs", fy.wffs},
             {"CalcKey", fy.calcKey}};
-    if (Db().OpenTable("FY", "0").FieldExists("Level"))
-        row.emplace_back("Level", int64_t(fy.level));
-    return Insert("FY", row);
+    if (db.OpenTable("FY", "0").FieldExists("Level")) row.emplace_back("Level", int64_t(fy.level));
+    return Insert(db, "FY", row);
 }
 
 void ProjectFixture::AddClass(const std::string& name, int workId, int oCode) {

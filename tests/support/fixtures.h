@@ -94,6 +94,22 @@ class RateStandardFixture : public FileFixture {
     void AddPatCoe(const std::string& cls, const std::string& key, const std::string& coe);
 };
 
+// A fee template or layout file (.RXFY).
+class TemplateFixture : public FileFixture {
+  public:
+    explicit TemplateFixture(std::string path, const db::SchemaOptions& options = {})
+        : FileFixture(std::move(path), db::FileKind::Template, options) {}
+
+    // Level is left out when the file was made without the column.
+    int64_t AddFY(const FYRow& row);
+    // A row of the template's own key table (Key, Value).
+    void AddKey(const std::string& key, const std::string& value);
+    void AddSM(const std::string& text);
+};
+
+// Adds a fee row to the FY table of any file; Level only where the table has it.
+int64_t InsertFY(db::Database& db, const FYRow& row);
+
 // A configuration file whose KeyInfo holds the given keys.
 void MakeConfigFile(const std::string& path,
                     const std::vector<std::pair<std::string, std::string>>& keys);
