@@ -22,6 +22,8 @@ void RegisterDataOps(Registry& r);
 void RegisterRatesOps(Registry& r);
 // Rate files and the choice of rate standard.
 void RegisterRateFileOps(Registry& r);
+// Appending standard fee items.
+void RegisterStandardItemOps(Registry& r);
 
 void RegisterAllOps(Registry& r);
 

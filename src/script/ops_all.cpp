@@ -9,6 +9,7 @@ void RegisterAllOps(Registry& r) {
     RegisterDataOps(r);
     RegisterRatesOps(r);
     RegisterRateFileOps(r);
+    RegisterStandardItemOps(r);
 }
 
 }  // namespace kwfy::script
