@@ -17,7 +17,6 @@ protected:
         project.AddKey("EditKind", "公路");
         MakeConfigFile(dir.File("app/System/Config.mdb"),
                        {{"StandarFYItems_公路", "安全费,200|规费,300*2|无键项"}});
-        project.AddWorkStruct(12, "", "", "变更", "一号变更", 1);
     }
     void AddTable(const V& keys = {"A", "B", "C", "D"}) {
         const V formulas{"100", "A", "50", "B+C"};
@@ -75,15 +74,6 @@ TEST_F(AddStandardItemsTest, CodesSkipTakenOnesAndFallBackToB100) {
         ASSERT_EQ(core.fee.LastRow(), last + 2) << c.keys.size();
         EXPECT_EQ((V{core.fee.key(1), core.fee.key(2)}), c.newCodes) << c.keys.size();
     }
-}
-
-TEST_F(AddStandardItemsTest, UserItemKeylessItemAndChangeOrderBecomeRows) {
-    AddTable();
-    ui.QueueDialog("frmFY_AddItems_User", {{"txtName", "试验费"}, {"txtPrice", "1500"}});
-    Run(1, {{"button", "cmdDefine"}, {"lst", "无键项|一号变更|试验费"}, {"F.4", "+"}});
-    EXPECT_EQ(Rows(), (V{"B1|", "B2|<[12]>", "B3|1500", "A|100", "B|A", "C|50", "D|B+C+B1+B2+B3"}));
-    EXPECT_EQ(core.fee.name(3), "试验费");
-    EXPECT_EQ(core.fee.amount(3), "1500.00");
 }
 
 TEST_F(AddStandardItemsTest, NothingChangesWithoutListOrChoice) {
