@@ -1,5 +1,6 @@
 #include "templates/frm_fy_add_items.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "db/database.h"

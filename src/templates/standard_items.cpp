@@ -74,7 +74,7 @@ void InsertItemRow(ControlCore& core, bool atEnd) {
     g.SetCurrentCell(row, g.Col());
 }
 
-void AppendItem(ControlCore& core, const std::string& name, const std::string& baseKey,
+void AddItemRow(ControlCore& core, const std::string& name, const std::string& baseKey,
                 bool atEnd) {
     FeeGrid& fee = core.fee;
     const std::string code = FreeStandardCode(fee);
@@ -111,7 +111,7 @@ void AddStandarItems(ControlCore& core) {
     SetMarks(core, dialog);
     const bool atEnd = !core.fee.IsDataRow(core.grid.Row());
     for (int i = 1; i <= dialog.GetAddCount(); ++i)
-        AppendItem(core, dialog.GetAddName(i), dialog.GetAddBaseKey(i), atEnd);
+        AddItemRow(core, dialog.GetAddName(i), dialog.GetAddBaseKey(i), atEnd);
 
     const int last = core.fee.LastRow();
     feetable::SaveFY_One(core, 1, last, core.work.CurQFClass);
