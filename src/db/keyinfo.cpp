@@ -29,6 +29,13 @@ std::string GetEditKind(Database& db) {
     return GetWithCode(db, "EditKind");
 }
 
+std::string GetEditKindConfig(const std::string& workDbFullName, const std::string& appPath,
+                              const std::string& keyPrefix) {
+    Database project = Database::OpenReadOnly(workDbFullName);
+    Database config = Database::OpenReadOnly(ConfigDBPath(appPath));
+    return GetWithCode(config, keyPrefix + GetEditKind(project));
+}
+
 std::string GetTemplateKey(Database& db, const std::string& key, bool* found) {
     if (found) *found = false;
     if (!db.TableExists("KeyInfo")) return {};

@@ -15,6 +15,15 @@ bool SetWithCode(Database& db, const std::string& key, const std::string& value)
 // The project's edit kind: GetWithCode(db, "EditKind").
 std::string GetEditKind(Database& db);
 
+// The configuration value of keyPrefix + the project's EditKind (the
+// switches that differ per edit kind, such as "StandarFYItems_"): opens the
+// project database and ConfigDB below appPath read-only; "" when the key is
+// missing. Throws kwfy::Error when either database cannot be opened.
+std::string GetEditKindConfig(const std::string& workDbFullName, const std::string& appPath,
+                              const std::string& keyPrefix);
+// The prefix of the standard fee item list ("name,base key|..." per edit kind).
+inline const char kStandardItemsKeyPrefix[] = "StandarFYItems_";
+
 // Template files keep their own key table with the columns Key and Value.
 // Returns the first row's Value (Null as ""); "" when the table or key is
 // missing, and then *found (when given) is false.

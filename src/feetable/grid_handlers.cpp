@@ -82,12 +82,8 @@ void ShowGridPopup(ControlCore& core, int x, int y) {
         bar.RecalcLayout();
     }
 
-    std::string items;
-    {
-        db::Database project = db::Database::OpenReadOnly(core.ctx.WorkDBFullName);
-        db::Database config = db::Database::OpenReadOnly(db::ConfigDBPath(core.ctx.AppPath));
-        items = db::GetWithCode(config, "StandarFYItems_" + db::GetEditKind(project));
-    }
+    const std::string items = db::GetEditKindConfig(core.ctx.WorkDBFullName, core.ctx.AppPath,
+                                                    db::kStandardItemsKeyPrefix);
     if (items.empty())
         if (Tool* t = pop.Find("Pop_AddStandarItems")) t->visible = false;
 

@@ -87,17 +87,21 @@ void RefreshRowPatternRates(ControlCore& core, rates::RateFiles& files, int row,
         RefreshPatternCell(core, files, key, cell, row);
 }
 
-void AddRow(ControlCore& core) {
+bool InsertRowAboveCurrent(ControlCore& core) {
     GridModel& g = core.grid;
     const int row = g.Row();
-    if (!core.fee.IsDataRow(row)) return;
+    if (!core.fee.IsDataRow(row)) return false;
     const int col = g.Col();
     g.InsertRow(row);
     g.SetCurrentCell(row, col);
     g.SetRowOutlineLevel(row, g.RowOutlineLevel(row + 1));
     g.SetOutlineNode(row, true);
     core.fee.setCategory(row, core.fee.category(row + 1));
-    ResaveFYRows(core);
+    return true;
+}
+
+void AddRow(ControlCore& core) {
+    if (InsertRowAboveCurrent(core)) ResaveFYRows(core);
 }
 
 void DelRow(ControlCore& core) {

@@ -20,6 +20,10 @@ namespace kwfy::feetable {
 // ID). Raises no event.
 void AddRow(ControlCore& core);
 
+// The grid part of AddRow alone: inserts the row and makes it current, stores
+// nothing. False (and nothing changed) when the current row is not a data row.
+bool InsertRowAboveCurrent(ControlCore& core);
+
 // Asks "确信要删除当前行吗！"; on Yes removes the current row, removes its key
 // from the other rows' formulas (RemoveKeyFromFormula), recalculates, stores
 // the category again without rates, raises AfterEdit and gives the grid the

@@ -24,6 +24,8 @@ void RegisterRatesOps(Registry& r);
 void RegisterRateFileOps(Registry& r);
 // Fee templates and user layouts.
 void RegisterTemplateOps(Registry& r);
+// Appending standard fee items.
+void RegisterStandardItemOps(Registry& r);
 
 void RegisterAllOps(Registry& r);
 

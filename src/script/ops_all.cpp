@@ -10,6 +10,7 @@ void RegisterAllOps(Registry& r) {
     RegisterRatesOps(r);
     RegisterRateFileOps(r);
     RegisterTemplateOps(r);
+    RegisterStandardItemOps(r);
 }
 
 }  // namespace kwfy::script
