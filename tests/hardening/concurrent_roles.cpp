@@ -50,9 +50,10 @@ void RunHost(const Workspace& ws, int operations) {
         auto project = db::Database::Open(ws.Project());
         {
             db::Transaction tx(project);
-            project.Execute("INSERT INTO Items (WorkID, ParentID, QFClass, Level, OCode) "
-                            "VALUES (?, 0, ?, 1, ?)",
-                            {int64_t(kWorkID), kCategory, int64_t(i)});
+            project.Execute(
+                "INSERT INTO Items (WorkID, ParentID, QFClass, Level, OCode) "
+                "VALUES (?, 0, ?, 1, ?)",
+                {int64_t(kWorkID), kCategory, int64_t(i)});
             const int64_t item = sqlite3_last_insert_rowid(project.Handle());
             project.Execute("INSERT INTO Items_Price (ItemsID, Key, Price) VALUES (?, ?, 1)",
                             {item, kPriceKey});

@@ -150,8 +150,7 @@ TEST_P(CrashTest, KilledAnywhereLeavesTheOldOrTheNewDataAndLoadsAgain) {
               << completed << " had completed)" << std::endl;
 }
 
-INSTANTIATE_TEST_SUITE_P(Operations, CrashTest,
-                         ::testing::Values("save", "ratefile", "template"),
+INSTANTIATE_TEST_SUITE_P(Operations, CrashTest, ::testing::Values("save", "ratefile", "template"),
                          [](const auto& info) { return info.param; });
 
 }  // namespace

@@ -48,9 +48,10 @@ void MakeProject(const std::string& path, int rows) {
     db.Execute("INSERT INTO PatCoe (WorkID, Key, Coe, Value) VALUES (1, 'GLF', '1.1', '1.1')");
     db.Execute("INSERT INTO WorkStruct (ID, DefaultQFClass, TotalPrice) VALUES (1, ?, 0)",
                {kCategory});
-    db.Execute("INSERT INTO Items (ID, WorkID, ParentID, QFClass, Level, OCode) "
-               "VALUES (1, 1, 0, ?, 1, 0)",
-               {kCategory});
+    db.Execute(
+        "INSERT INTO Items (ID, WorkID, ParentID, QFClass, Level, OCode) "
+        "VALUES (1, 1, 0, ?, 1, 0)",
+        {kCategory});
     db.Execute("INSERT INTO Items_Price (ItemsID, Key, Price) VALUES (1, ?, 100)", {kPriceKey});
 }
 
@@ -62,7 +63,8 @@ void MakeRateFile(const std::string& path, int rows) {
     for (int i = 3; i <= rows; i += 3)
         fl.push_back({int64_t(7), "其他", "F" + N(i), "", N(1 + i % 9) + "%"});
     InsertAll(db, "INSERT INTO FY_FL (WorkID, QFClass, FL, Class, Value) VALUES (?,?,?,?,?)", fl);
-    db.Execute("INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (7, '其他', 'JL', '2')");
+    db.Execute(
+        "INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (7, '其他', 'JL', '2')");
     db.Execute("INSERT INTO PatCoe (WorkID, Key, Coe, Value) VALUES (7, 'GLF', '1.3', '1.3')");
     db.Execute("INSERT INTO KeyInfo (Code, WithCode) VALUES ('WithFLFile', '新标准.RXFL')");
 }
