@@ -25,6 +25,10 @@ sqlite3* OpenHandle(const std::string& path, int flags) {
     }
     sqlite3_extended_result_codes(db, 1);
     sqlite3_busy_timeout(db, kBusyTimeoutMs);
+    // A quoted column name that a file lacks must fail, not read as the text
+    // of the name: `SELECT "WithCode" ... WHERE "Code"=?` on a KeyInfo without
+    // those columns would otherwise answer "no such key".
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     return db;
 }
 
@@ -52,9 +56,11 @@ Database Database::Open(const std::string& path) {
     // Reading the schema catches files the header check lets through. With
     // the write-ahead log, synchronous=NORMAL cannot corrupt the file; a power
     // cut may only lose the last transactions.
+    // Views and triggers of a file may not call functions with side effects,
+    // whoever made the file.
     Prepare(db, path,
-            "SELECT count(*) FROM sqlite_master; PRAGMA journal_mode=WAL; "
-            "PRAGMA synchronous=NORMAL;");
+            "PRAGMA trusted_schema=OFF; SELECT count(*) FROM sqlite_master; "
+            "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;");
     return Database(db, path);
 }
 

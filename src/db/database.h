@@ -94,6 +94,9 @@ class Database {
 public:
     // Opens an existing file shared, for reading and writing (WAL journal, a
     // busy timeout so another program holding the file does not make us fail).
+    // Every connection runs with trusted_schema off, so a view or trigger of
+    // the file cannot call a function with side effects, and a quoted name
+    // that is no column is an error rather than a text literal.
     static Database Open(const std::string& path);
     // Opens an existing file read-only, with trusted_schema off, for files the
     // control only reads (rate standards, templates, configuration ...).
