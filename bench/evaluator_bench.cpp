@@ -34,7 +34,7 @@ void BM_EvalExpression(benchmark::State& state) {
 }
 BENCHMARK(BM_EvalExpression);
 
-void BM_Muparser(benchmark::State& state) {
+void BM_EvalExpression_Reference(benchmark::State& state) {
     const auto formulas = Formulas();
     mu::Parser parser;
     for (auto _ : state) {
@@ -45,6 +45,6 @@ void BM_Muparser(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(formulas.size()));
 }
-BENCHMARK(BM_Muparser);
+BENCHMARK(BM_EvalExpression_Reference);
 
 }  // namespace

@@ -11,9 +11,9 @@
 #include <filesystem>
 #include <string>
 
+#include "bench_fixtures.h"
 #include "control/control_core.h"
 #include "db/schema.h"
-#include "db/sqlite_util.h"
 #include "kwfy/kw_fytable.h"
 #include "platform/scripted_ui.h"
 #include "rates/rate_catalogue.h"
@@ -21,6 +21,7 @@
 namespace {
 
 using namespace kwfy;
+using bench::RowInserter;
 
 constexpr int kItems = 10000;
 constexpr int kPricesPerItem = 100;  // 1,000,000 Items_Price rows
@@ -32,110 +33,41 @@ constexpr int kMarkRates = 50;
 constexpr int kNode = 77;
 const char kCategory[] = "建安费";
 const char kBigCategory[] = "大表";
-const char* const kRegions[] = {"一类地区", "二类地区", "三类地区"};
-
-std::string ClassName(int c) {
-    return "类" + std::to_string(c);
-}
-std::string PriceKey(int k) {
-    return "$K" + std::to_string(k) + "$";
-}
-
-// Inserts rows through one prepared statement.
-class Inserter {
-public:
-    Inserter(db::Database& db, const std::string& sql) : st_(db.Handle(), db.Path(), sql) {}
-    void Add(const db::Params& values) {
-        st_.Reset();
-        st_.Bind(values);
-        st_.Step();
-    }
-
-private:
-    db::detail::Statement st_;
-};
-
-void FillRateStandard(const std::string& path) {
-    db::CreateFile(path, db::FileKind::RateStandard);
-    auto std = db::Database::Open(path);
-    db::Transaction tx(std);
-    std.Execute("INSERT INTO FY_Mark (Key, ShortName, WithItem) VALUES ('Region', '地区', ?)",
-                {std::string("一类地区|二类地区|三类地区")});
-    Inserter value(std, "INSERT INTO FY_FL_Value (FLID, Class, Ruler, Value) VALUES (?,?,?,?)");
-    for (int i = 1; i <= kMarkRates; ++i) {
-        std.Execute("INSERT INTO FY_FL (ID, Key) VALUES (?, ?)",
-                    {int64_t(i), "FL_" + std::to_string(i)});
-        std.Execute("INSERT INTO FY_FL_WithMark (FLID, WithMarkKey) VALUES (?, 'Region')",
-                    {int64_t(i)});
-        for (int c = 0; c < kClasses; ++c)
-            for (const char* region : kRegions)
-                value.Add({int64_t(i), ClassName(c), std::string("Region=") + region,
-                           std::to_string(c + 1) + "%"});
-    }
-    tx.Commit();
-}
-
-// Row i of a table: a mark rate, a typed percentage or a number; formulas
-// over price keys and the row before.
-void FillTable(Inserter& fy, const std::string& category, int rows, int64_t node) {
-    for (int i = 1; i <= rows; ++i) {
-        std::string fl = i % 3 == 0   ? "FL_" + std::to_string(i % kMarkRates + 1)
-                         : i % 3 == 1 ? std::to_string(i % 7 + 1) + "%"
-                                      : "";
-        std::string wffs =
-            i == 1 ? PriceKey(1) : PriceKey(i % kPriceKeys) + "+R" + std::to_string(i - 1);
-        fy.Add({int64_t(1), category, node, int64_t(i), int64_t(i % 3 + 1), "R" + std::to_string(i),
-                "费用" + std::to_string(i), fl, wffs, i == rows ? "总合计" : ""});
-    }
-}
 
 void FillProject(const std::string& path) {
     db::CreateFile(path, db::FileKind::Project);
     auto p = db::Database::Open(path);
+    bench::FillItems(p, kItems, kPricesPerItem, kPriceKeys, [](int i) {
+        return bench::ItemPlace{1, kCategory, bench::ClassName(i % kClasses)};
+    });
     db::Transaction tx(p);
-    Inserter item(p,
-                  "INSERT INTO Items (ID, WorkID, QFClass, Level, OCode, FLClass) "
-                  "VALUES (?, 1, ?, 1, ?, ?)");
-    Inserter price(p, "INSERT INTO Items_Price (ItemsID, Key, Price) VALUES (?,?,?)");
-    for (int i = 1; i <= kItems; ++i) {
-        item.Add({int64_t(i), std::string(kCategory), int64_t(i), ClassName(i % kClasses)});
-        for (int k = 0; k < kPricesPerItem; ++k)
-            price.Add({int64_t(i), PriceKey(k % kPriceKeys), double(k + 1)});
-    }
-    for (int c = 0; c < kClasses; ++c)
-        p.Execute("INSERT INTO Class (Name, WorkID, OCode) VALUES (?, 1, ?)",
-                  {ClassName(c), int64_t(c + 1)});
+    bench::AddClasses(p, kClasses);
     for (const char* category : {kCategory, kBigCategory})
         p.Execute(
             "INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (1, ?, 'Region', "
             "'二类地区')",
             {std::string(category)});
-    Inserter fy(p,
-                "INSERT INTO FY (WorkID, QFClass, NodeID, Code, Level, Key, Name, FL, Wffs, "
-                "CalcKey) VALUES (?,?,?,?,?,?,?,?,?,?)");
-    FillTable(fy, kCategory, kLoadRows, 0);
-    FillTable(fy, kCategory, kLoadRows, kNode);
-    FillTable(fy, kBigCategory, kSaveRows, 0);
+    RowInserter fy(p, bench::kInsertFY);
+    bench::AddFeeTable(fy, kCategory, kLoadRows, 0, kMarkRates, kPriceKeys);
+    bench::AddFeeTable(fy, kCategory, kLoadRows, kNode, kMarkRates, kPriceKeys);
+    bench::AddFeeTable(fy, kBigCategory, kSaveRows, 0, kMarkRates, kPriceKeys);
     tx.Commit();
 }
 
 // The fixture files, built once per run.
 struct Files {
-    std::string dir, data, project, noClasses;
+    bench::ScratchDir dir{"loadsave_bench"};
+    std::string data = dir.File("data");
+    std::string project = dir.File("project.mdb");
+    std::string noClasses = dir.File("noclasses.mdb");
 
     Files() {
-        dir = (std::filesystem::temp_directory_path() / "kwfy_loadsave_bench").string();
-        std::filesystem::remove_all(dir);
-        data = dir + "/data";
         std::filesystem::create_directories(data + "/System");
-        FillRateStandard(data + "/System/" + rates::kDefaultRateStd);
-        project = dir + "/project.mdb";
+        bench::CreateRateStandard(data + "/System/" + rates::kDefaultRateStd, kMarkRates, kClasses);
         FillProject(project);
-        noClasses = dir + "/noclasses.mdb";
         std::filesystem::copy_file(project, noClasses);
         db::Database::Open(noClasses).Execute("DELETE FROM Class");
     }
-    ~Files() { std::filesystem::remove_all(dir); }
 };
 
 Files& TheFiles() {
@@ -146,7 +78,7 @@ Files& TheFiles() {
 void SetContext(KW_FYTable& control, const std::string& projectPath, const std::string& category,
                 int32_t node) {
     control.SetDataPath(TheFiles().data);
-    control.SetAppPath(TheFiles().dir);
+    control.SetAppPath(TheFiles().dir.Path());
     control.SetWorkDBFullName(projectPath);
     control.SetWorkID(1);
     control.SetQFClass(category);
@@ -197,20 +129,19 @@ void RunSave(benchmark::State& state, bool editOneCell) {
 void BM_SaveFY_ClassView(benchmark::State& state) {
     RunSave(state, false);
 }
-void BM_SaveFY_ClassViewOneCellEdited(benchmark::State& state) {
+void BM_SaveFY_ClassView_OneCellEdited(benchmark::State& state) {
     RunSave(state, true);
 }
 
-// The FY rows alone, through one prepared insert in one transaction.
-void BM_ReferenceInsertRows(benchmark::State& state) {
+// The reference: the FY rows alone, through one prepared insert in one
+// transaction.
+void BM_SaveFY_Reference(benchmark::State& state) {
     auto p = db::Database::Open(TheFiles().project);
     for (auto _ : state) {
         db::Transaction tx(p);
         p.Execute("DELETE FROM FY WHERE WorkID=1 AND QFClass='参考'");
-        Inserter fy(p,
-                    "INSERT INTO FY (WorkID, QFClass, NodeID, Code, Level, Key, Name, FL, "
-                    "Wffs, CalcKey) VALUES (?,?,?,?,?,?,?,?,?,?)");
-        FillTable(fy, "参考", kSaveRows, 0);
+        RowInserter fy(p, bench::kInsertFY);
+        bench::AddFeeTable(fy, "参考", kSaveRows, 0, kMarkRates, kPriceKeys);
         tx.Commit();
     }
 }
@@ -219,7 +150,7 @@ BENCHMARK(BM_LoadFY_ClassView)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LoadFY_NodeCalculated)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LoadFY_MarkRatesWholeProject)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SaveFY_ClassView)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_SaveFY_ClassViewOneCellEdited)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_ReferenceInsertRows)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SaveFY_ClassView_OneCellEdited)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SaveFY_Reference)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -5,9 +5,9 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <filesystem>
 #include <string>
 
+#include "bench_fixtures.h"
 #include "control/control_core.h"
 #include "db/schema.h"
 #include "platform/scripted_ui.h"
@@ -16,54 +16,37 @@
 namespace {
 
 using namespace kwfy;
+using bench::ClassName;
+using bench::RateKey;
 
 constexpr int kEntries = 2000;
 constexpr int kRows = 500;
 constexpr int kClasses = 10;
 const char kCategory[] = "建安费";
-const char* const kRegions[] = {"一类地区", "二类地区", "三类地区"};
-
-std::string ClassName(int c) {
-    return "类" + std::to_string(c);
-}
-std::string RateKey(int i) {
-    return "FL_" + std::to_string(i);
-}
 
 struct Files {
-    std::string dir, project, rateStd;
+    bench::ScratchDir dir{"rates_bench"};
+    std::string project = dir.File("project.mdb");
+    std::string rateStd = dir.File("std.RXFL");
 
     Files() {
-        dir = (std::filesystem::temp_directory_path() / "kwfy_rates_bench").string();
-        std::filesystem::remove_all(dir);
-        std::filesystem::create_directories(dir);
-        project = dir + "/project.mdb";
-        rateStd = dir + "/std.RXFL";
         db::CreateFile(project, db::FileKind::Project);
-        db::CreateFile(rateStd, db::FileKind::RateStandard);
-        auto std = db::Database::Open(rateStd);
-        db::Transaction tx(std);
-        for (int i = 0; i < kEntries; ++i) {
-            std.Execute("INSERT INTO FY_FL (ID, Key) VALUES (?, ?)", {int64_t(i + 1), RateKey(i)});
-            for (int c = 0; c < kClasses; ++c)
-                for (const char* region : kRegions)
-                    std.Execute(
-                        "INSERT INTO FY_FL_Value (FLID, Class, Ruler, Value) VALUES (?, ?, ?, ?)",
-                        {int64_t(i + 1), ClassName(c), std::string("Region=") + region + ",Zone=1",
-                         std::to_string(c + 1) + "%"});
-        }
-        tx.Commit();
+        bench::CreateRateStandard(rateStd, kEntries, kClasses, ",Zone=1");
         auto p = db::Database::Open(project);
         for (const char* mark : {"Region", "Zone"})
             p.Execute("INSERT INTO FY_Mark (WorkID, QFClass, MarkKey, Value) VALUES (1, ?, ?, ?)",
                       {kCategory, mark, std::string(mark[0] == 'R' ? "三类地区" : "1")});
     }
-    ~Files() { std::filesystem::remove_all(dir); }
 };
 
 Files& SharedFiles() {
     static Files files;
     return files;
+}
+
+// Every fourth rate of the standard, one per table row.
+std::string RowRateKey(int row) {
+    return RateKey(row * 4 + 1);
 }
 
 void BM_ResolveTableRates(benchmark::State& state) {
@@ -77,7 +60,7 @@ void BM_ResolveTableRates(benchmark::State& state) {
     for (auto _ : state) {
         rates::RateFiles rf(core);
         for (int r = 0; r < kRows; ++r) {
-            const std::string key = RateKey(r * 4);
+            const std::string key = RowRateKey(r);
             for (int c = 0; c < kClasses; ++c) {
                 auto stored = rates::GetProjectFL(rf.Project(), 1, key, ClassName(c), kCategory);
                 if (!stored.found)
@@ -94,7 +77,7 @@ void BM_ResolveTableRates(benchmark::State& state) {
 BENCHMARK(BM_ResolveTableRates)->Unit(benchmark::kMillisecond);
 
 // The reference: the same answer per row and class from one prepared join.
-void BM_ReferenceJoin(benchmark::State& state) {
+void BM_ResolveTableRates_Reference(benchmark::State& state) {
     Files& files = SharedFiles();
     sqlite3* db = nullptr;
     sqlite3_open_v2(files.rateStd.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
@@ -107,7 +90,7 @@ void BM_ReferenceJoin(benchmark::State& state) {
     const std::string ruler = "Region=三类地区,Zone=1";
     for (auto _ : state) {
         for (int r = 0; r < kRows; ++r) {
-            const std::string key = RateKey(r * 4);
+            const std::string key = RowRateKey(r);
             for (int c = 0; c < kClasses; ++c) {
                 const std::string cls = ClassName(c);
                 sqlite3_bind_text(st, 1, key.c_str(), -1, SQLITE_TRANSIENT);
@@ -122,6 +105,6 @@ void BM_ReferenceJoin(benchmark::State& state) {
     sqlite3_close(db);
     benchmark::DoNotOptimize(found);
 }
-BENCHMARK(BM_ReferenceJoin)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ResolveTableRates_Reference)->Unit(benchmark::kMillisecond);
 
 }  // namespace

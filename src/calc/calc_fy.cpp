@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "calc/grid_rows.h"
 #include "calc/number_text.h"
 #include "calc/recalc.h"
 #include "control/control_core.h"
@@ -30,22 +31,6 @@ private:
 PriceKeyResolver& ResolverOf(ControlCore& core) {
     static DefaultPriceKeyResolver fallback;
     return core.priceKeyResolver ? *core.priceKeyResolver : fallback;
-}
-
-std::vector<FeeCalcRow> BuildRows(const FeeGrid& fee, int startRow, int endRow) {
-    std::vector<FeeCalcRow> rows;
-    rows.reserve(size_t(endRow - startRow + 1));
-    for (int row = startRow; row <= endRow; ++row) {
-        FeeCalcRow r;
-        r.row = row;
-        r.name = fee.name(row);
-        r.code = fee.key(row);
-        r.formula = fee.formula(row);
-        r.rate = fee.rate(row);
-        r.rateEntry = fee.rateSpec(row);
-        rows.push_back(std::move(r));
-    }
-    return rows;
 }
 
 void ShowSelfReferenceMessage(Ui& ui) {
@@ -94,7 +79,7 @@ void CalcFY_One(ControlCore& core, int16_t startRow, int16_t endRow, db::Databas
             : pricekeys::GetPriceKeys(core.ctx.DataPath, core.ctx.WorkDBFullName, core.ctx.WorkID,
                                       category, core.ctx.NodeID, ResolverOf(core));
 
-    std::vector<FeeCalcRow> rows = BuildRows(fee, first, end);
+    std::vector<FeeCalcRow> rows = ReadCalcRows(fee, first, end);
     TranslateFormulas(rows, keys);
     if (CalcRows(rows, kAmountFormat)) ShowSelfReferenceMessage(core.ui);
 

@@ -12,7 +12,7 @@ namespace kwfy::test {
 namespace {
 
 class ImportMdbCommand : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         if (!std::getenv("FYTABLE")) GTEST_SKIP() << "ctest sets FYTABLE to the fytable program";
     }
@@ -45,7 +45,8 @@ TEST_F(ImportMdbCommand, ConvertsAndRefusesToOverwrite) {
 TEST_F(ImportMdbCommand, FailuresAndUsageErrors) {
     WriteBytes(dir_.File("notes.mdb"), "plain text, not a database");
     WriteBytes(dir_.File("cut.mdb"), ReadBytes(JetFile("test2V2000.mdb")).substr(0, 9000));
-    const std::string x = " " + Quote(dir_.File("x.db"));
+    std::string x = " ";
+    x += Quote(dir_.File("x.db"));
     const std::tuple<std::string, int, std::string> cases[] = {
         {Quote(dir_.File("notes.mdb")) + x, 1, "notes.mdb: is not a Jet"},
         {Quote(dir_.File("cut.mdb")) + x, 1, "cut.mdb: "},

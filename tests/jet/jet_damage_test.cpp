@@ -71,12 +71,7 @@ TEST_P(DamagedJetFile, FailsCleanlyOrReadsWhatItCan) {
 INSTANTIATE_TEST_SUITE_P(TestFiles, DamagedJetFile,
                          ::testing::Values("testV1997.mdb", "test2V2000.mdb",
                                            "testUnicodeCompV2003.mdb", "testV2007.accdb"),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             for (char& c : name)
-                                 if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                             return name;
-                         });
+                         FileParamName);
 
 }  // namespace
 }  // namespace kwfy::test

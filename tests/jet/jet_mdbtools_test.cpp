@@ -97,12 +97,7 @@ TEST_P(JetMatchesMdbtools, TablesCountsAndValues) {
 }
 
 INSTANTIATE_TEST_SUITE_P(TestFiles, JetMatchesMdbtools, ::testing::ValuesIn(AllJetFiles()),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             for (char& c : name)
-                                 if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-                             return name;
-                         });
+                         FileParamName);
 
 }  // namespace
 }  // namespace kwfy::test

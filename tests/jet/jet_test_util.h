@@ -2,9 +2,11 @@
 // results and environment variables.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -28,6 +30,14 @@ inline std::vector<std::string> AllJetFiles() {
             names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
+}
+
+// Test names for parameters that are file names: "test V1.mdb" -> "test_V1_mdb".
+inline std::string FileParamName(const ::testing::TestParamInfo<std::string>& info) {
+    std::string name = info.param;
+    for (char& c : name)
+        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+    return name;
 }
 
 inline std::string Quote(const std::string& arg) {
@@ -109,14 +119,14 @@ inline std::string Text(const Cell& cell) {
 
 // Sets an environment variable (unsets it for nullptr) until destroyed.
 class ScopedEnv {
-  public:
+public:
     ScopedEnv(const char* name, const char* value) : name_(name) {
         if (const char* old = std::getenv(name)) old_ = old;
         value ? setenv(name, value, 1) : unsetenv(name);
     }
     ~ScopedEnv() { old_ ? setenv(name_, old_->c_str(), 1) : unsetenv(name_); }
 
-  private:
+private:
     const char* name_;
     std::optional<std::string> old_;
 };

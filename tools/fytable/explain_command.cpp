@@ -2,6 +2,7 @@
 #include <iostream>
 #include <memory>
 
+#include "calc/grid_rows.h"
 #include "commands.h"
 #include "control/control_core.h"
 #include "db/database.h"
@@ -22,22 +23,6 @@ struct ExplainOptions {
     std::string rowKey;
     bool all = false;
 };
-
-// The rows as CalcFY builds them from the grid: every data row, in order.
-std::vector<kwfy::calc::FeeCalcRow> GridRows(const kwfy::FeeGrid& fee) {
-    std::vector<kwfy::calc::FeeCalcRow> rows;
-    for (int r = 1; r <= fee.LastRow(); ++r) {
-        kwfy::calc::FeeCalcRow row;
-        row.row = r;
-        row.name = fee.name(r);
-        row.code = fee.key(r);
-        row.formula = fee.formula(r);
-        row.rate = fee.rate(r);
-        row.rateEntry = fee.rateSpec(r);
-        rows.push_back(std::move(row));
-    }
-    return rows;
-}
 
 // The grid rows to explain: the first row whose code (编号) is the key, else
 // the first whose calculation key is; every row with --all.
@@ -94,7 +79,7 @@ void Explain(const ExplainOptions& options) {
     kwfy::DefaultPriceKeyResolver resolver;
     auto keys = kwfy::pricekeys::GetPriceKeys(core.ctx.DataPath, core.ctx.WorkDBFullName,
                                               core.ctx.WorkID, category, core.ctx.NodeID, resolver);
-    auto rows = GridRows(fee);
+    auto rows = kwfy::calc::ReadCalcRows(fee, 1, fee.LastRow());
     for (size_t i = 0; i < chosen.size(); ++i) {
         if (i) std::cout << '\n';
         WriteExplanation(ExplainRow(rows, keys, chosen[i]), std::cout, KeyNotes(core.ctx.DataPath));

@@ -1,5 +1,6 @@
 #include "fee_view.h"
 
+#include "calc/grid_rows.h"
 #include "calc/number_text.h"
 #include "control/control_core.h"
 
@@ -23,16 +24,11 @@ FeeView ReadFeeView(kwfy::KW_FYTable& control, const std::string& category) {
     }
     for (int r = 1; r <= fee.LastRow(); ++r) {
         ViewRow row;
-        row.gridRow = r;
+        row.fields = kwfy::calc::ReadCalcRow(fee, r);
         row.level = grid.RowOutlineLevel(r);
-        row.key = fee.key(r);
-        row.name = fee.name(r);
-        row.rate = fee.rate(r);
         row.explanation = fee.explanation(r);
         row.amount = view.amountsShown ? fee.amount(r) : std::string();
-        row.formula = fee.formula(r);
         row.calcKey = fee.calcKey(r);
-        row.rateSpec = fee.rateSpec(r);
         for (const auto& column : view.columns) row.cells.push_back(grid.Text(r, column.index));
         if (fee.HasClassCols())
             for (int c = cols.classFirst; c <= cols.classLast; ++c)

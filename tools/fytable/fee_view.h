@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "calc/recalc.h"
 #include "kwfy/kw_fytable.h"
 
 namespace fytable {
@@ -21,9 +22,11 @@ struct ViewColumn {
 
 // One fee row with its named fields and every visible cell.
 struct ViewRow {
-    int gridRow = 0;
+    // Grid row, code (编号), name, formula, rate and stored rate entry, read
+    // as the calculation reads them.
+    kwfy::calc::FeeCalcRow fields;
     int level = 1;
-    std::string key, name, rate, explanation, amount, formula, calcKey, rateSpec;
+    std::string explanation, amount, calcKey;
     std::vector<std::string> cells;  // parallel to FeeView::columns
     // Rate per project-class column (caption, text), when the grid has them.
     std::vector<std::pair<std::string, std::string>> classRates;

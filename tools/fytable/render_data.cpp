@@ -40,15 +40,15 @@ void WriteJson(const FeeView& view, std::ostream& out) {
     for (const auto& column : view.columns) doc["columns"].push_back(column.caption);
     doc["rows"] = nlohmann::json::array();
     for (const auto& row : view.rows) {
-        nlohmann::json r{{"key", row.key},
-                         {"name", row.name},
-                         {"rate", row.rate},
+        nlohmann::json r{{"key", row.fields.code},
+                         {"name", row.fields.name},
+                         {"rate", row.fields.rate},
                          {"explanation", row.explanation},
                          {"amount", Amount(view, row.amount)},
-                         {"formula", row.formula},
+                         {"formula", row.fields.formula},
                          {"level", row.level},
                          {"calcKey", row.calcKey},
-                         {"rateSpec", row.rateSpec}};
+                         {"rateSpec", row.fields.rateEntry}};
         if (!row.classRates.empty()) {
             r["classRates"] = nlohmann::json::object();
             for (const auto& [cls, rate] : row.classRates) r["classRates"][cls] = rate;
