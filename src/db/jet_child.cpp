@@ -33,7 +33,7 @@ using Clock = std::chrono::steady_clock;
 constexpr size_t kDiagnosticsKept = 16 * 1024;
 
 class Pipe {
-  public:
+public:
     Pipe() {
         if (pipe2(fd_, O_CLOEXEC) != 0)
             throw Error(std::string("cannot create a pipe: ") + std::strerror(errno));
@@ -47,7 +47,7 @@ class Pipe {
     void CloseRead() { Close(fd_[0]); }
     void CloseWrite() { Close(fd_[1]); }
 
-  private:
+private:
     static void Close(int& fd) {
         if (fd >= 0) close(fd);
         fd = -1;
@@ -55,6 +55,7 @@ class Pipe {
     int fd_[2] = {-1, -1};
 };
 
+#ifndef KWFY_CHILD_NO_ADDRESS_LIMIT
 int64_t CurrentAddressSpace() {
     long pages = 0;
     if (FILE* statm = std::fopen("/proc/self/statm", "r")) {
@@ -63,6 +64,7 @@ int64_t CurrentAddressSpace() {
     }
     return int64_t(pages) * sysconf(_SC_PAGESIZE);
 }
+#endif
 
 void ApplyLimits(const ChildLimits& limits) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -107,7 +109,7 @@ bool Drain(int fd, std::string& buffer) {
 }
 
 class ChildKiller {
-  public:
+public:
     explicit ChildKiller(pid_t pid) : pid_(pid) {}
     ~ChildKiller() {
         if (pid_ > 0) {
@@ -117,7 +119,7 @@ class ChildKiller {
     }
     void Release() { pid_ = -1; }
 
-  private:
+private:
     pid_t pid_;
 };
 

@@ -4,6 +4,8 @@
 #include "gui/dialogs/generic_dialog_view.h"
 #include "gui/dialogs/particular_dialog_view.h"
 #include "gui/dialogs/rate_file_dialog_views.h"
+#include "gui/dialogs/standard_items_views.h"
+#include "gui/dialogs/template_chooser_view.h"
 
 namespace kwfy::gui {
 
@@ -22,6 +24,15 @@ std::unique_ptr<QDialog> MakeDialogView(Dialog& dialog, Ui& ui, QWidget* parent)
     if (name == "frmFL_Particular")
         if (auto* d = dynamic_cast<rates::FrmFLParticular*>(&dialog))
             return std::make_unique<ParticularCoefficientsView>(*d, ui, parent);
+    if (name == "frmExplorer")
+        if (auto* d = dynamic_cast<templates::FrmExplorer*>(&dialog))
+            return std::make_unique<TemplateChooserView>(*d, ui, parent);
+    if (name == "frmFY_AddItems")
+        if (auto* d = dynamic_cast<templates::FrmFYAddItems*>(&dialog))
+            return std::make_unique<StandardItemsView>(*d, ui, parent);
+    if (name == "frmFY_AddItems_User")
+        if (auto* d = dynamic_cast<templates::FrmFYAddItemsUser*>(&dialog))
+            return std::make_unique<UserItemView>(*d, ui, parent);
     return std::make_unique<GenericDialogView>(dialog, ui, parent);
 }
 

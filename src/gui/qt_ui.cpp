@@ -86,7 +86,7 @@ MsgAnswer QtUi::MessageBox(const MessageRequest& request) {
     const auto buttons = ButtonsOf(request.buttons);
     QMessageBox::StandardButtons all;
     for (auto b : buttons) all |= b;
-    QMessageBox box(ToQtIcon(request.icon), Q(request.title), Q(request.text), all, parent_);
+    QMessageBox box(ToQtIcon(request.icon), Q(request.title), Q(request.text), all, ModalParent());
     if (request.defaultButton >= 0 && request.defaultButton < buttons.size())
         box.setDefaultButton(buttons[request.defaultButton]);
     box.exec();
@@ -96,7 +96,7 @@ MsgAnswer QtUi::MessageBox(const MessageRequest& request) {
 // The preset name may be a folder with a wildcard ("C:\fees\*.RXFY"): the
 // folder opens, and only a plain name is preselected.
 std::optional<std::string> QtUi::FileDialog(const FileDialogRequest& request) {
-    QFileDialog dialog(parent_, Q(request.title));
+    QFileDialog dialog(ModalParent(), Q(request.title));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -117,14 +117,15 @@ std::optional<std::string> QtUi::FileDialog(const FileDialogRequest& request) {
     return S(dialog.selectedFiles().first());
 }
 
+QWidget* QtUi::ModalParent() const {
+    // A dialog's own messages and nested dialogs belong in front of it, not
+    // behind it in front of the control.
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    return parent_;
+}
+
 bool QtUi::RunDialog(Dialog& dialog) {
-    std::unique_ptr<QDialog> view = MakeDialogView(dialog, *this, parent_);
-    if (!view) {
-        qWarning("no view for the dialog %s: it is refused", dialog.Name().c_str());
-        dialog.Cancel();
-        return false;
-    }
-    return view->exec() == QDialog::Accepted;
+    return MakeDialogView(dialog, *this, ModalParent())->exec() == QDialog::Accepted;
 }
 
 void QtUi::SetBusy(bool busy) {

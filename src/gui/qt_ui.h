@@ -15,7 +15,8 @@ namespace kwfy::gui {
 
 class QtUi : public Ui {
 public:
-    // parent: the widget message boxes and dialogs are modal to (may be null).
+    // parent: the widget message boxes and dialogs are modal to (may be null)
+    // while no dialog is up.
     explicit QtUi(QWidget* parent = nullptr) : parent_(parent) {}
     ~QtUi() override;
 
@@ -27,13 +28,17 @@ public:
 
     MsgAnswer MessageBox(const MessageRequest& request) override;
     std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
-    // Runs the dialog's view modally. Without a view for it the dialog is
-    // refused (false) and a warning logged.
+    // Runs the dialog's view (MakeDialogView) modally; true when it closed
+    // accepted.
     bool RunDialog(Dialog& dialog) override;
     void SetBusy(bool busy) override;
     void FocusGrid() override;
 
 private:
+    // The modal widget in front (a dialog's view, whose messages and nested
+    // dialogs must stay in front of it), else the parent.
+    QWidget* ModalParent() const;
+
     QPointer<QWidget> parent_;
     std::function<void()> focusGrid_;
     int busy_ = 0;

@@ -30,7 +30,9 @@ void TrimMainBand(ToolbarModel& toolbar) {
 }
 
 std::string MarkBoxKey(int k) {
-    return "A" + std::to_string(k);
+    std::string key = "A";
+    key += std::to_string(k);
+    return key;
 }
 
 int MarkBoxNumber(const std::string& toolKey) {

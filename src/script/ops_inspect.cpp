@@ -23,7 +23,10 @@ std::string LocalPath(std::string path) {
 
 std::string JoinTab(const std::vector<std::string>& cells) {
     std::string line;
-    for (size_t i = 0; i < cells.size(); ++i) line += (i ? "\t" : "") + OneLine(cells[i]);
+    for (size_t i = 0; i < cells.size(); ++i) {
+        if (i) line += '\t';
+        line += OneLine(cells[i]);
+    }
     return line;
 }
 
@@ -47,7 +50,10 @@ void RegisterGridInspection(Registry& r) {
         const GridModel& g = ChosenGrid(call, 0);
         auto ints = [](const std::vector<int>& v) {
             std::string s;
-            for (int x : v) s += " " + std::to_string(x);
+            for (int x : v) {
+                s += ' ';
+                s += std::to_string(x);
+            }
             return s;
         };
         std::vector<int> widths, levels;

@@ -4,6 +4,7 @@
 #include "db/keyinfo.h"
 #include "db/paths.h"
 #include "feetable/load_fy.h"
+#include "rates/rate_catalogue.h"
 #include "rates/rate_standard_choice.h"
 #include "templates/category_rows.h"
 #include "templates/frm_explorer.h"
@@ -44,20 +45,27 @@ void CallOtherFY_ByFileName(ControlCore& core, const std::string& p_FileName,
     // A template without a "FileName" row keeps the standard of the one taken before.
     const std::string rateStandard = fees.rateStandard.value_or(core.work.TemplateFLName);
     const int16_t workId = core.ctx.WorkID;
-    {
-        auto project = db::Database::Open(core.ctx.WorkDBFullName);
-        db::Transaction tx(project);
-        ReplaceCategoryRows(project, workId, p_QFClass, fees);
-        if (deleteRates)
-            project.Execute("DELETE FROM FY_FL WHERE QFClass=? AND WorkID=?",
-                            {p_QFClass, int64_t(workId)});
-        rates::StoreFLFileName(project, rateStandard, workId, p_QFClass);
-        RecordTemplatePath(core, project, p_FileName, p_QFClass);
-        tx.Commit();
-    }
+    // The reload stores the rates it resolves for the new rows; it joins the
+    // replacement's transaction, so a failure anywhere keeps the old table.
+    rates::RateFiles files(core);
+    db::Database& project = files.Project();
+    db::Transaction tx(project);
+    ReplaceCategoryRows(project, workId, p_QFClass, fees);
+    if (deleteRates)
+        project.Execute("DELETE FROM FY_FL WHERE QFClass=? AND WorkID=?",
+                        {p_QFClass, int64_t(workId)});
+    rates::StoreFLFileName(project, rateStandard, workId, p_QFClass);
+    RecordTemplatePath(core, project, p_FileName, p_QFClass);
+    const std::string previousStandard = core.work.TemplateFLName;
     core.work.TemplateFLName = rateStandard;
-    BusyCursor busy(core.ui);
-    feetable::LoadFYRows(core, p_QFClass);
+    try {
+        BusyCursor busy(core.ui);
+        feetable::LoadFYRows(core, files, p_QFClass);
+        tx.Commit();
+    } catch (...) {
+        core.work.TemplateFLName = previousStandard;
+        throw;
+    }
 }
 
 void CallOtherFY(ControlCore& core) {

@@ -56,26 +56,6 @@ protected:
     }
     static Workspace Ws() { return {dir_->Path()}; }
 
-    // The template commands may be missing from this build; they are tried
-    // on a scratch copy of the project.
-    static bool Available(const std::string& operation) {
-        if (operation != "template") return true;
-        Workspace probe{dir_->Path() + "/probe"};
-        std::filesystem::create_directories(probe.dir);
-        std::filesystem::copy_file(Ws().Pristine(), probe.Project(),
-                                   std::filesystem::copy_options::overwrite_existing);
-        ScriptedUi ui;
-        KW_FYTable control(ui);
-        Attach(control, probe);
-        try {
-            control.CallOtherFY_ByFileName(Ws().TemplateFile(), kCategory);
-        } catch (const Error& e) {
-            if (std::string(e.what()).find("not available in this build") != std::string::npos)
-                return false;
-        }
-        return true;
-    }
-
     ChildProcess Start(const std::string& operation) {
         return ChildProcess({KWFY_CRASH_CHILD, operation, Ws().dir});
     }
@@ -87,7 +67,6 @@ test::TempDir* CrashTest::dir_ = nullptr;
 
 TEST_P(CrashTest, KilledAnywhereLeavesTheOldOrTheNewDataAndLoadsAgain) {
     const std::string operation = GetParam();
-    if (!Available(operation)) GTEST_SKIP() << operation << " is not available in this build";
     const Workspace ws = Ws();
 
     // A run to its end gives the new data and how long the operation takes.

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QTableWidget>
 
 namespace kwfy::gui {
 
@@ -34,8 +35,7 @@ void DialogView::ShowFields() {
 }
 
 void DialogView::Change(const std::string& field, const std::string& value) {
-    Guarded([&] { return dialog_.SetField(field, value, ui_); });
-    ShowFields();
+    Apply([&] { return dialog_.SetField(field, value, ui_); });
 }
 
 bool DialogView::Guarded(const std::function<bool()>& call) {
@@ -113,6 +113,39 @@ void DialogView::BindCurrentItem(const std::string& field, QAbstractItemView* vi
          }});
 }
 
+void DialogView::BindRowChecks(QTableWidget* table, int column, std::function<bool(int)> checked,
+                               std::function<bool(int, bool)> set) {
+    for (int row = 0; row < table->rowCount(); ++row) {
+        QTableWidgetItem* item = table->item(row, column);
+        if (!item) table->setItem(row, column, item = new QTableWidgetItem);
+        item->setFlags((item->flags() | Qt::ItemIsUserCheckable) & ~Qt::ItemIsEditable);
+    }
+    connect(table, &QTableWidget::itemChanged, this, [this, column, set](QTableWidgetItem* item) {
+        if (showing_ || item->column() != column) return;
+        const bool on = item->checkState() == Qt::Checked;
+        Apply([&] { return set(item->row(), on); });
+    });
+    bindings_.push_back({table, [table, column, checked] {
+                             for (int row = 0; row < table->rowCount(); ++row) {
+                                 const Qt::CheckState state =
+                                     checked(row) ? Qt::Checked : Qt::Unchecked;
+                                 QTableWidgetItem* item = table->item(row, column);
+                                 if (item && item->checkState() != state)
+                                     item->setCheckState(state);
+                             }
+                         }});
+}
+
+void DialogView::BindShow(QWidget* widget, std::function<void()> show) {
+    bindings_.push_back({widget, std::move(show)});
+}
+
+bool DialogView::Apply(const std::function<bool()>& change) {
+    const bool done = Guarded(change);
+    ShowFields();
+    return done;
+}
+
 void DialogView::BindAccept(QPushButton* button) {
     button->setDefault(true);
     connect(button, &QPushButton::clicked, this, &DialogView::accept);
@@ -123,7 +156,7 @@ void DialogView::BindCancel(QPushButton* button) {
 }
 
 void DialogView::BindPress(const std::string& name, QPushButton* button) {
-    connect(button, &QPushButton::clicked, this, [this, name] { TryPress(name); });
+    connect(button, &QPushButton::clicked, this, [this, name] { PressButton(name); });
 }
 
 void DialogView::accept() {
@@ -135,7 +168,7 @@ void DialogView::accept() {
         AcceptRefused();
 }
 
-void DialogView::TryPress(const std::string& name) {
+void DialogView::PressButton(const std::string& name) {
     const bool accepted = Guarded([&] { return dialog_.Press(name, ui_); });
     ShowFields();
     if (accepted) QDialog::accept();

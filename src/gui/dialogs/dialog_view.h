@@ -21,6 +21,7 @@ class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
+class QTableWidget;
 
 namespace kwfy::gui {
 
@@ -58,12 +59,32 @@ protected:
     // Bind once the view has its model.
     void BindCurrentItem(const std::string& field, QAbstractItemView* view);
 
+    // A column of check boxes, one per row of the table: `checked(row)` gives
+    // each box's state and a click on one calls `set(row, on)`, which refuses
+    // with false. Bind once the table has its rows.
+    void BindRowChecks(QTableWidget* table, int column, std::function<bool(int)> checked,
+                       std::function<bool(int, bool)> set);
+    // A widget that shows what the dialog holds without being a field of its
+    // own (a preview, icons, a list rebuilt after a nested dialog): `show` is
+    // run with the bindings.
+    void BindShow(QWidget* widget, std::function<void()> show);
+    // Runs a change the user made through a widget of the view's own (not one
+    // of the bindings above), then shows all fields; false when it was refused
+    // or failed.
+    bool Apply(const std::function<bool()>& change);
+    // True while ShowFields runs: widget signals raised then are not the
+    // user's changes.
+    bool Showing() const { return showing_; }
+
     // The confirming button (accept()); it is the dialog's default button.
     void BindAccept(QPushButton* button);
     // A cancelling button.
     void BindCancel(QPushButton* button);
     // Another button: Dialog::Press, closing accepted when it says so.
     void BindPress(const std::string& name, QPushButton* button);
+
+    // Dialog::Press, closing accepted when it says so.
+    void PressButton(const std::string& name);
 
     // Called when Accept kept the dialog open; by default the first bound
     // field takes the focus, as after a validation message.
@@ -80,7 +101,6 @@ private:
 
     // Runs a call into the core dialog; a failure becomes a message.
     bool Guarded(const std::function<bool()>& call);
-    void TryPress(const std::string& name);
 
     Dialog& dialog_;
     Ui& ui_;
