@@ -13,7 +13,6 @@ namespace kwfy::test {
 class RateFilesFixture : public ControlFixture {
 protected:
     void SetUp() override {
-        ControlFixture::SetUp();
         db::MakeDirs(dir.File("data/System"));
         db::MakeDirs(dir.File("app/System"));
         core.ctx.AppPath = dir.File("app") + "\\";

@@ -16,7 +16,6 @@ struct FeeLine {
 class RatesFixture : public ControlFixture {
 protected:
     void SetUp() override {
-        ControlFixture::SetUp();
         core.work.RateStdPath = rateStd.Path();
         core.work.RateMode = 2;
     }

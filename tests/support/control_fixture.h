@@ -17,13 +17,18 @@ namespace kwfy::test {
 
 struct ControlEvents : FYTableListener {
     int editClass = 0, afterEdit = 0;
+    std::vector<double> recalc;
+    std::vector<std::string> changed;
     void EditClass() override { ++editClass; }
     void AfterEdit() override { ++afterEdit; }
+    void ReCalc(double& sum) override { recalc.push_back(sum); }
+    void ChangeQFClass(std::string& category) override { changed.push_back(category); }
 };
 
 class ControlFixture : public ::testing::Test {
 protected:
-    void SetUp() override {
+    explicit ControlFixture(const db::SchemaOptions& options = {})
+        : project(dir.File("work.mdb"), options) {
         core.ctx.WorkDBFullName = project.Path();
         core.ctx.WorkID = 1;
         core.ctx.QFClass = kCategory;
@@ -51,9 +56,10 @@ protected:
         auto db = db::Database::OpenReadOnly(path);
         return Rows(db, sql, params);
     }
+    std::vector<std::string> Rows(const std::string& sql) { return Rows(Db(), sql); }
 
     TempDir dir;
-    ProjectFixture project{dir.File("work.mdb")};
+    ProjectFixture project;
     ScriptedUi ui;
     KW_FYTable control{ui};
     ControlCore& core = control.Core();

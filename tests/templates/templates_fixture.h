@@ -13,7 +13,6 @@ namespace kwfy::test {
 class TemplatesFixture : public ControlFixture {
 protected:
     void SetUp() override {
-        ControlFixture::SetUp();
         db::MakeDirs(Library());
         db::MakeDirs(dir.File("app/System"));
         core.ctx.AppPath = dir.File("app") + "\\";
