@@ -46,6 +46,14 @@ int IndexOf(const std::vector<std::string>& list, const std::string& item) {
     return -1;
 }
 
+// The category rows end before the sum row, whose category cell is empty.
+int IndexRowOf(const GridModel& index, const std::string& category) {
+    if (index.Cols() <= kCategoryCol) return -1;
+    for (int row = 0; row + 1 < index.Rows(); ++row)
+        if (index.Text(row, kCategoryCol) == category) return row;
+    return -1;
+}
+
 }  // namespace
 
 bool IsShowQFIndexTable(ControlCore& core, db::Database& project) {
@@ -106,7 +114,12 @@ void OnCategoryBoxChanged(ControlCore& core) {
     BusyCursor cursor(core.ui);
     core.work.CurQFClass = CategoryBoxText(core);
     GridModel& index = core.indexGrid;
-    if (index.Visible() && index.Rows() > 0) index.SetCurrentCell(0, index.Col());
+    // The calculation that follows writes the loaded category's total on the
+    // current row, so the mark must stand on that category's own row.
+    if (index.Visible() && index.Rows() > 0) {
+        const int row = IndexRowOf(index, core.work.CurQFClass);
+        index.SetCurrentCell(row >= 0 ? row : 0, index.Col());
+    }
     LoadFYRows(core, core.work.CurQFClass);
     if (core.grid.Visible()) core.ui.FocusGrid();
     core.events.AfterEdit();

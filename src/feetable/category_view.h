@@ -29,9 +29,10 @@ bool IsShowQFIndexTable(ControlCore& core, db::Database& project);
 bool LoadQFIndexView(ControlCore& core, rates::RateFiles& files);
 
 // The user chose a category in the category box: it becomes CurQFClass and
-// is loaded (LoadFYRows); the index grid's current row goes back to its first
-// row; the grid is given the focus and AfterEdit is raised. Ignored while
-// WorkingState::Busy is set.
+// is loaded (LoadFYRows); beforehand the index grid's current row moves to the
+// row of that category (the first row when none matches), so the calculation
+// refreshes the right total; the grid is given the focus and AfterEdit is
+// raised. Ignored while WorkingState::Busy is set.
 void OnCategoryBoxChanged(ControlCore& core);
 
 }  // namespace kwfy::feetable

@@ -2,36 +2,15 @@
 // project class and condition mark tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
-#include "control/control_core.h"
-#include "kwfy/kw_fytable.h"
-#include "platform/scripted_ui.h"
-#include "support/fixtures.h"
-#include "support/temp_dir.h"
+#include "support/control_fixture.h"
 
 namespace kwfy::test {
 
-struct EventCounter : FYTableListener {
-    int editClass = 0, afterEdit = 0;
-    void EditClass() override { ++editClass; }
-    void AfterEdit() override { ++afterEdit; }
-};
-
-class ClassFixture : public ::testing::Test {
+class ClassFixture : public ControlFixture {
 protected:
-    void SetUp() override {
-        core.ctx.WorkDBFullName = project.Path();
-        core.ctx.WorkID = 1;
-        core.work.CurQFClass = "建安费";
-        control.AddListener(&events);
-    }
-
-    db::Database& Db() { return project.Db(); }
-
     // "name:ocode" of every class of a project, by OCode.
     std::vector<std::string> StoredClasses(int workId) {
         std::vector<std::string> out;
@@ -64,13 +43,6 @@ protected:
                 return core.grid.SetCurrentCell(core.grid.Rows() > 1 ? 1 : 0, c);
         FAIL() << "no column " << caption;
     }
-
-    TempDir dir;
-    ProjectFixture project{dir.File("work.mdb")};
-    ScriptedUi ui;
-    KW_FYTable control{ui};
-    ControlCore& core = control.Core();
-    EventCounter events;
 };
 
 }  // namespace kwfy::test

@@ -163,18 +163,19 @@ TEST_F(CommandsTest, PopupShowsClassToolsOnlyInTheClassViewAndNeverBringsStandar
     EXPECT_EQ(Click("Pop_Add").back(), "rows 5 sm ;;;;;") << "the popup keeps Pop_Add";
 }
 
-TEST_F(CommandsTest, ChoosingACategoryReloadsItWithTheIndexMarkOnTheFirstRow) {
+TEST_F(CommandsTest, ChoosingACategoryReloadsItWithTheIndexMarkOnItsRow) {
     Config({{"ShowQFIndexTable_GL", "1"}});
     project.AddItem({.qfClass = kCategory});
     project.AddItem({.qfClass = "设备费"});
     project.AddFY({.qfClass = "设备费", .code = 1, .key = "E", .name = "设备", .wffs = "5"});
     Load();
     ASSERT_TRUE(control.IndexGridModel().Visible());
-    control.IndexGridModel().SetCurrentCell(1, 0);
+    ASSERT_EQ(control.IndexGridModel().Text(1, 3), "设备费");
+    control.IndexGridModel().SetCurrentCell(0, 0);
     const int focus = ui.FocusRequests();
     ASSERT_TRUE(control.Toolbar().UserChoose("Edit_Kind", "设备费"));
     EXPECT_EQ(core.work.CurQFClass, "设备费");
-    EXPECT_EQ(control.IndexGridModel().Row(), 0);
+    EXPECT_EQ(control.IndexGridModel().Row(), 1);
     EXPECT_EQ(Column(Cols().key), V{"E"});
     EXPECT_EQ(ui.FocusRequests(), focus + 1);
     EXPECT_EQ(events.order, (V{"ChangeQFClass 设备费", "AfterEdit"}));

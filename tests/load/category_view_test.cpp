@@ -5,6 +5,7 @@
 
 #include "db/keyinfo.h"
 #include "feetable/category_box.h"
+#include "feetable/category_view.h"
 #include "load_fixture.h"
 #include "support/open_counter.h"
 
@@ -34,6 +35,11 @@ protected:
         MakeConfigFile(db::ConfigDBPath(dir.File("app")), {{"ShowQFIndexTable_公路", value}});
     }
     GridModel& Index() { return control.IndexGridModel(); }
+    V IndexTotals() {
+        V totals;
+        for (int r = 0; r < Index().Rows(); ++r) totals.push_back(Index().Text(r, 1));
+        return totals;
+    }
 };
 
 TEST_F(CategoryViewTest, ListsEveryCategoryWithItsTotalAndShowsTheStartingOne) {
@@ -47,8 +53,6 @@ TEST_F(CategoryViewTest, ListsEveryCategoryWithItsTotalAndShowsTheStartingOne) {
         rows.push_back(Index().Text(r, 0) + "|" + Index().Text(r, 1) + "|" + Index().Text(r, 3));
     EXPECT_EQ(rows, (V{"[丙]费用合计|0.00|丙", "[乙]费用合计|40.50|乙", "[甲]费用合计|100.00|甲",
                        "合  计|140.50|"}));
-    EXPECT_EQ(Index().ColWidth(2), 300);
-    EXPECT_EQ(Index().ColAlignment(1), Align::RightCenter);
     EXPECT_EQ(core.display.layout.indexGrid.height, 310 * 4);
     EXPECT_EQ(Fee().category(1), "乙");
     EXPECT_EQ(Index().Row(), 1);
@@ -78,11 +82,10 @@ TEST_F(CategoryViewTest, ShownOnlyWhenConfiguredForAFeeKindOfZero) {
     EXPECT_EQ(Fee().category(1), "乙");
 }
 
-TEST_F(CategoryViewTest, ChoosingACategoryLoadsItUnlessBusy) {
+TEST_F(CategoryViewTest, ChoosingACategoryRefreshesItsOwnIndexRowUnlessBusy) {
     Switch("1");
     control.LoadFY();
     const size_t loads = events.changed.size();
-    Index().SetCurrentCell(2, 0);
     core.work.Busy = true;
     ASSERT_TRUE(control.Toolbar().UserChoose(feetable::kCategoryBox, "甲"));
     EXPECT_EQ(events.changed.size(), loads);
@@ -91,10 +94,18 @@ TEST_F(CategoryViewTest, ChoosingACategoryLoadsItUnlessBusy) {
     ASSERT_TRUE(control.Toolbar().UserChoose(feetable::kCategoryBox, "甲"));
     EXPECT_EQ(core.work.CurQFClass, "甲");
     EXPECT_EQ(Fee().category(1), "甲");
-    EXPECT_EQ(Index().Row(), 0);
+    EXPECT_EQ(Index().Row(), 2);
+    // 甲's total lands on 甲's row only; the other rows and the sum stay right.
+    EXPECT_EQ(IndexTotals(), (V{"0.00", "40.50", "100.00", "140.50"}));
+    EXPECT_DOUBLE_EQ(events.recalc.back(), 140.5);
     EXPECT_EQ(events.changed.back(), "甲");
     EXPECT_EQ(events.afterEdit, 1);
     EXPECT_EQ(ui.FocusRequests(), 1);
+
+    // A box text without an index row falls back to the first row.
+    feetable::SelectCategory(core, "丁");
+    feetable::OnCategoryBoxChanged(core);
+    EXPECT_EQ(Index().Row(), 0);
 }
 
 }  // namespace

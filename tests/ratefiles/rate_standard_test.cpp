@@ -1,7 +1,6 @@
 #include <fstream>
 
 #include "db/paths.h"
-#include "db/schema.h"
 #include "ratefiles_fixture.h"
 #include "rates/frm_fl_model_index.h"
 #include "rates/frm_fl_sel.h"
@@ -17,14 +16,6 @@ class RateStandardTest : public RateFilesFixture {
 protected:
     void Touch(const std::string& relative) {
         std::ofstream(db::JoinPath(dir.File("data"), relative)) << "x";
-    }
-    // A rate standard the reload after a choice can read.
-    void MakeStandard(const std::string& relative) {
-        db::CreateFile(db::JoinPath(dir.File("data"), relative), db::FileKind::RateStandard);
-    }
-    Strings Standards() {
-        return Rows(project.Db(),
-                    "SELECT WorkID, QFClass, FL_FileName FROM FY_FLFileName ORDER BY rowid");
     }
 };
 
@@ -44,21 +35,6 @@ TEST_F(RateStandardTest, SelectionListsExactlyTheRXFLFilesSorted) {
     EXPECT_TRUE(dialog.Accept(ui));
     EXPECT_EQ(dialog.UnloadState(), 1);
     EXPECT_EQ(dialog.GetShortName(), "a.RXFL");
-}
-
-TEST_F(RateStandardTest, ChosenStandardIsAddedThenEditedAndCancelChangesNothing) {
-    MakeStandard("System/甲.RXFL");
-    MakeStandard("System/乙.RXFL");
-    AddStandard(project, 1, "设备费", "设备.RXFL");
-    ui.QueueDialog("frmFL_Sel", {{"Name", "乙.RXFL"}});
-    rates::ShowSelFLDialog(core);
-    ui.QueueDialog("frmFL_Sel", {{"Name", "甲.RXFL"}});
-    rates::ShowSelFLDialog(core);
-    ui.QueueDialog("frmFL_Sel", {{"Name", "乙.RXFL"}, {"button", "cmdCancel"}});
-    rates::ShowSelFLDialog(core);
-    EXPECT_EQ(Standards(), (Strings{"1|设备费|设备.RXFL", "1|建安费|甲.RXFL"}));
-    EXPECT_EQ(ui.Log().size(), 3u);
-    EXPECT_FALSE(ui.Busy());
 }
 
 TEST_F(RateStandardTest, IndexDialogReturnsTheEntrysFileOrABrowsedOne) {
@@ -88,32 +64,6 @@ TEST_F(RateStandardTest, IndexDialogReturnsTheEntrysFileOrABrowsedOne) {
     EXPECT_TRUE(dialog.Press("cmdBrow", ui));
     EXPECT_EQ(dialog.GetCallFile(), "/x/y.SFL");
     EXPECT_EQ(ui.Log().back(), "filedialog open 打开... | 费率文件(*.SFL)|*.SFL | ");
-}
-
-TEST_F(RateStandardTest, InputTakesTheFileChosenFromTheProjectsIndex) {
-    project.AddWorkStruct(1, "建安费", "DE2018");
-    MakeConfigFile(dir.File("app/System/Config.mdb"), {{"FLModelIndex_DE2018", "idx.mdb"}});
-    db::MakeDirs(dir.File("data/费率模板"));
-    {
-        FileFixture index(dir.File("data/费率模板/idx.mdb"), db::FileKind::RateTemplateIndex);
-        index.Insert("Index", {{"Name", "样板"}, {"WithFileName", "样板.SFL"}});
-        FileFixture file(dir.File("data/费率模板/样板.SFL"), db::FileKind::RateFile);
-        file.Insert("FY_FL", {{"WorkID", int64_t(9)},
-                              {"QFClass", "x"},
-                              {"FL", "FL_A"},
-                              {"Class", ""},
-                              {"Value", "2%"}});
-    }
-    ui.QueueDialog("frmFL_ModelIndex", {{"Name", "样板"}});
-    rates::InputFLData(core);
-    EXPECT_EQ(ui.Log().front(), "dialog frmFL_ModelIndex");
-    EXPECT_EQ(Rows(project.Db(), "SELECT WorkID, QFClass, FL, Value FROM FY_FL"),
-              (Strings{"1|建安费|FL_A|2%"}));
-    EXPECT_EQ(events.afterEdit, 1);
-
-    ui.QueueDialog("frmFL_ModelIndex", {{"button", "cmdCancel"}});
-    rates::InputFLData(core);
-    EXPECT_EQ(events.afterEdit, 1);
 }
 
 TEST_F(RateStandardTest, FailedImportRaisesNoAfterEdit) {

@@ -2,34 +2,21 @@
 // application folders, for the rate-file and rate-standard tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
-#include "control/control_core.h"
 #include "db/paths.h"
-#include "kwfy/kw_fytable.h"
-#include "platform/scripted_ui.h"
-#include "support/fixtures.h"
-#include "support/temp_dir.h"
+#include "support/control_fixture.h"
 
 namespace kwfy::test {
 
-struct AfterEditCounter : FYTableListener {
-    int afterEdit = 0;
-    void AfterEdit() override { ++afterEdit; }
-};
-
-class RateFilesFixture : public ::testing::Test {
+class RateFilesFixture : public ControlFixture {
 protected:
     void SetUp() override {
         db::MakeDirs(dir.File("data/System"));
         db::MakeDirs(dir.File("app/System"));
-        Use(project, 1, "建安费");
         core.ctx.AppPath = dir.File("app") + "\\";
         core.ctx.DataPath = dir.File("data") + "\\";
-        control.AddListener(&events);
     }
 
     void Use(ProjectFixture& p, int16_t workId, const std::string& category) {
@@ -50,24 +37,6 @@ protected:
                  {{"WorkID", int64_t(workId)}, {"QFClass", category}, {"FL_FileName", file}});
     }
 
-    // Every row of a query, fields joined by "|".
-    static std::vector<std::string> Rows(db::Database& db, const std::string& sql,
-                                         const db::Params& params = {}) {
-        std::vector<std::string> out;
-        auto rs = db.Query(sql, params);
-        for (; !rs.Eof(); rs.MoveNext()) {
-            std::string line;
-            for (const auto& f : rs.FieldNames()) line += (line.empty() ? "" : "|") + rs.Text(f);
-            out.push_back(line);
-        }
-        return out;
-    }
-    static std::vector<std::string> Rows(const std::string& path, const std::string& sql,
-                                         const db::Params& params = {}) {
-        auto db = db::Database::OpenReadOnly(path);
-        return Rows(db, sql, params);
-    }
-
     // The control's own tables of a project database, for "nothing changed".
     static std::vector<std::string> Snapshot(db::Database& db) {
         std::vector<std::string> out;
@@ -76,13 +45,6 @@ protected:
                 out.push_back(std::string(t) + ":" + r);
         return out;
     }
-
-    TempDir dir;
-    ProjectFixture project{dir.File("work.mdb")};
-    ScriptedUi ui;
-    KW_FYTable control{ui};
-    ControlCore& core = control.Core();
-    AfterEditCounter events;
 };
 
 }  // namespace kwfy::test

@@ -70,7 +70,7 @@ TEST_F(InterpolationTest, EveryClassColumnGetsItsOwnRateAndIsStored) {
     EXPECT_EQ(Stored("FL_T", "一类"), "1.5%");
     EXPECT_EQ(Stored("FL_T", "二类"), "3%");
     EXPECT_EQ(Stored("FL_T", "三类"), "9%");
-    EXPECT_EQ(afterEdit.count, 1);
+    EXPECT_EQ(events.afterEdit, 1);
 }
 
 TEST_F(InterpolationTest, WithANodeOnlyTheRateColumnChanges) {
@@ -87,7 +87,7 @@ TEST_F(InterpolationTest, MissingRateStandardLeavesTheDatabaseAsItWas) {
     core.work.RateStdPath = dir.File("missing.RXFL");
     EXPECT_THROW(rates::AnalyzInterPolating(core, "300", "", 1, ""), Error);
     EXPECT_EQ(project.Db().Query("SELECT * FROM FY_FL").RecordCount(), 0);
-    EXPECT_EQ(afterEdit.count, 0);
+    EXPECT_EQ(events.afterEdit, 0);
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ TEST_F(ParticularTest, SubsidyDialogStoresInputsAndRatesTheCurrentRow) {
     EXPECT_EQ(PatCoe("ZFSBT_SC"), "5");
     EXPECT_EQ(core.fee.rate(1), "4.55%");
     EXPECT_EQ(Stored(rates::kSubsidyRateKey, ""), "4.55%");
-    EXPECT_GT(afterEdit.count, 0);
+    EXPECT_GT(events.afterEdit, 0);
 }
 
 TEST_F(ParticularTest, TransferDialogReadsTheTableOfTheChosenKind) {

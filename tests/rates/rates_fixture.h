@@ -5,36 +5,19 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
-#include "control/control_core.h"
-#include "platform/scripted_ui.h"
-#include "support/fixtures.h"
-#include "support/temp_dir.h"
+#include "support/control_fixture.h"
 
 namespace kwfy::test {
-
-inline const char kCategory[] = "建安费";
 
 struct FeeLine {
     std::string key, rateKey, formula;
 };
 
-class AfterEditCounter : public FYTableListener {
-public:
-    void AfterEdit() override { ++count; }
-    int count = 0;
-};
-
-class RatesFixture : public ::testing::Test {
+class RatesFixture : public ControlFixture {
 protected:
-    RatesFixture() {
-        core.ctx.WorkID = 1;
-        core.ctx.WorkDBFullName = project.Path();
+    void SetUp() override {
         core.work.RateStdPath = rateStd.Path();
-        core.work.CurQFClass = kCategory;
         core.work.RateMode = 2;
-        core.events.Add(&afterEdit);
     }
 
     // Class columns follow the rate column; each line becomes a data row with
@@ -85,12 +68,7 @@ protected:
 
     const std::string& Cell(int row, int col) { return core.grid.Text(row, col); }
 
-    TempDir dir;
-    ProjectFixture project{dir.File("project.mdb")};
     RateStandardFixture rateStd{dir.File("std.RXFL")};
-    ScriptedUi ui;
-    ControlCore core{ui};
-    AfterEditCounter afterEdit;
 };
 
 }  // namespace kwfy::test

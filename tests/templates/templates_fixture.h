@@ -2,36 +2,21 @@
 // template library is data/费用文件/, for the fee-template tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
-#include "control/control_core.h"
 #include "db/paths.h"
-#include "kwfy/kw_fytable.h"
-#include "platform/scripted_ui.h"
-#include "support/fixtures.h"
-#include "support/temp_dir.h"
+#include "support/control_fixture.h"
 
 namespace kwfy::test {
 
-struct AfterEditCounter : FYTableListener {
-    int afterEdit = 0;
-    void AfterEdit() override { ++afterEdit; }
-};
-
-class TemplatesFixture : public ::testing::Test {
+class TemplatesFixture : public ControlFixture {
 protected:
     void SetUp() override {
         db::MakeDirs(Library());
         db::MakeDirs(dir.File("app/System"));
-        core.ctx.WorkDBFullName = project.Path();
-        core.ctx.WorkID = 1;
-        core.ctx.QFClass = core.work.CurQFClass = "建安费";
         core.ctx.AppPath = dir.File("app") + "\\";
         core.ctx.DataPath = dir.File("data") + "\\";
-        control.AddListener(&events);
         // Rows the operations must leave alone: another category, another
         // project, and the category's own table on a node.
         project.AddFY({1, "设备费", 0, 1, 1, "S1", "设备"});
@@ -54,17 +39,6 @@ protected:
         return t.Path();
     }
 
-    // Every row of a query, fields joined by "|".
-    static std::vector<std::string> Rows(db::Database& db, const std::string& sql,
-                                         const db::Params& params = {}) {
-        std::vector<std::string> out;
-        for (auto rs = db.Query(sql, params); !rs.Eof(); rs.MoveNext()) {
-            std::string line;
-            for (const auto& f : rs.FieldNames()) line += (line.empty() ? "" : "|") + rs.Text(f);
-            out.push_back(line);
-        }
-        return out;
-    }
     std::vector<std::string> FeeRows() {
         return Rows(project.Db(),
                     "SELECT WorkID, QFClass, NodeID, Code, Level, Key, Name, FL, SM, Wffs, CalcKey "
@@ -74,13 +48,6 @@ protected:
         return Rows(project.Db(),
                     "SELECT QFClass, FL_FileName, FY_FileName FROM FY_FLFileName ORDER BY rowid");
     }
-
-    TempDir dir;
-    ProjectFixture project{dir.File("work.mdb")};
-    ScriptedUi ui;
-    KW_FYTable control{ui};
-    ControlCore& core = control.Core();
-    AfterEditCounter events;
 };
 
 }  // namespace kwfy::test
