@@ -33,11 +33,8 @@ struct FeeGridTest : ::testing::Test {
 
 }  // namespace
 
-TEST_F(FeeGridTest, LayoutGivesTwelveColumnsWithTitlesAndWidths) {
-    const int widths[] = {400, 350, 1000, 3000, 800, 2000, 1200, 2600, 0, 0, 0, 0};
-    ASSERT_EQ(grid.Cols(), 12);
-    for (int c = 0; c < 12; ++c) EXPECT_EQ(grid.ColWidth(c), widths[c]) << c;
-    EXPECT_EQ(grid.Text(0, 2), "编号");
+// Column widths and titles are in the golden script control_shell.
+TEST_F(FeeGridTest, LayoutMarksTheHeaderAndOutlinesTheNameColumn) {
     EXPECT_EQ(grid.CellAlignment(0, 3), Align::CenterCenter);
     EXPECT_EQ(grid.CellPicture(0, 1), kHeaderMarkPicture);
     EXPECT_EQ(grid.OutlineCol(), 3);

@@ -8,26 +8,21 @@
 namespace kwfy::db {
 namespace {
 
-TEST(KeyInfo, ReadsFirstRowAndMissingKeysAsEmpty) {
-    test::TempDir dir;
-    test::ProjectFixture project(dir.File("p.db"));
-    project.AddKey("EditKind", "GL");
-    project.AddKey("EditKind", "second");
-    project.Insert("KeyInfo", {{"Code", "NullValue"}, {"WithCode", nullptr}});
-    EXPECT_EQ(GetEditKind(project.Db()), "GL");
-    EXPECT_EQ(GetWithCode(project.Db(), "NullValue"), "");
-    EXPECT_EQ(GetWithCode(project.Db(), "Missing"), "");
-}
-
-TEST(KeyInfo, SetAddsOnceThenEditsOnlyTheValue) {
+TEST(KeyInfo, ReadsTheFirstRowAndSetAddsOnceThenEditsTheValue) {
     test::TempDir dir;
     test::ProjectFixture project(dir.File("p.db"));
     auto& db = project.Db();
+    project.AddKey("EditKind", "GL");
+    project.AddKey("EditKind", "second");
+    project.Insert("KeyInfo", {{"Code", "NullValue"}, {"WithCode", nullptr}});
+    EXPECT_EQ(GetEditKind(db), "GL");
+    EXPECT_EQ(GetWithCode(db, "NullValue"), "");
+    EXPECT_EQ(GetWithCode(db, "Missing"), "");
+
     EXPECT_TRUE(SetWithCode(db, "Key'1", "a"));
     EXPECT_TRUE(SetWithCode(db, "Key'1", "b"));
-    auto rs = db.Query("SELECT * FROM KeyInfo");
+    auto rs = db.Query("SELECT * FROM KeyInfo WHERE Code=?", {std::string("key'1")});
     ASSERT_EQ(rs.RecordCount(), 1);
-    EXPECT_EQ(rs.Text("Code"), "Key'1");
     EXPECT_EQ(rs.Text("WithCode"), "b");
 }
 

@@ -36,19 +36,14 @@ protected:
     }
 };
 
+// The lock's question and answers are in the golden script editing_user.
 TEST_F(CellEditTest, FormulaColumnRefusesTypingUntilUnlockedAndAgainAfterLoad) {
     Load();
     EXPECT_FALSE(Grid().UserEdit(1, Cols().wffs, "200"));
     EXPECT_EQ(Grid().EditableCue(), feetable::kReadOnlyCue);
-    ui.QueueAnswer(MsgAnswer::No);
-    Grid().UserDblClick();
-    EXPECT_FALSE(Grid().UserEdit(1, Cols().wffs, "200"));
     EXPECT_TRUE(Grid().UserEdit(1, Cols().sm, "x")) << "other columns stay editable";
     EXPECT_EQ(Grid().EditableCue(), feetable::kEditableCue);
-
     Unlock();
-    ASSERT_EQ(ui.asked.size(), 2u);
-    EXPECT_EQ(ui.asked[1].text, "为防止误修改，计算式列默认是锁定的，是否取消锁定？");
     EXPECT_TRUE(Grid().UserEdit(1, Cols().wffs, "200"));
     EXPECT_EQ(ui.FocusRequests(), 1);
 
@@ -62,8 +57,7 @@ TEST_F(CellEditTest, CycleIsRefusedWithTheTextLeftAndNothingStored) {
     Unlock();
     ui.asked.clear();
     EXPECT_TRUE(Grid().UserEdit(1, Cols().wffs, "C+1"));
-    ASSERT_EQ(ui.asked.size(), 1u);
-    EXPECT_EQ(ui.asked[0].text, "计算式中存在重复调用错误，请核对并修改!");
+    EXPECT_EQ(ui.asked.size(), 1u);
     EXPECT_EQ(core.fee.formula(1), "C+1");
     EXPECT_EQ(events.recalc, 0);
     EXPECT_EQ(Stored(), (V{"A|100", "B|A+50", "C|B"}));

@@ -1,11 +1,11 @@
 // fytable import-mdb as a user runs it: exit statuses, messages, and DEST
 // left alone unless --force is given.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 
 #include "jet/jet_test_util.h"
+#include "support/command_runner.h"
 #include "support/temp_dir.h"
 
 namespace kwfy::test {
@@ -18,12 +18,10 @@ protected:
     }
     // Runs fytable with args; returns its exit status, keeps stdout and stderr.
     int Run(const std::string& args) {
-        std::string command = Quote(std::getenv("FYTABLE")) + " " + args + " >" +
-                              Quote(dir_.File("out")) + " 2>" + Quote(dir_.File("err"));
-        int status = std::system(command.c_str());
-        out_ = ReadBytes(dir_.File("out"));
-        err_ = ReadBytes(dir_.File("err"));
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        CommandResult result = RunFytable(args, dir_.Path());
+        out_ = result.out;
+        err_ = result.err;
+        return result.status;
     }
     TempDir dir_;
     std::string out_, err_;
@@ -52,8 +50,7 @@ TEST_F(ImportMdbCommand, FailuresAndUsageErrors) {
         {Quote(dir_.File("cut.mdb")) + x, 1, "cut.mdb: "},
         {Quote(dir_.File("none.mdb")) + x, 1, "none.mdb: cannot be read"},
         {Quote(dir_.File("notes.mdb")), 2, "DEST"},
-        {"a.mdb b.db --time-limit 0", 2, "time-limit"},
-    };
+        {"a.mdb b.db --time-limit 0", 2, "time-limit"}};
     for (const auto& [args, status, message] : cases) {
         EXPECT_EQ(Run("import-mdb " + args), status) << args << "\n" << err_;
         EXPECT_NE(err_.find(message), std::string::npos) << args << "\n" << err_;

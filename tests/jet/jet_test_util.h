@@ -9,12 +9,13 @@
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <sstream>
 #include <string>
 #include <variant>
 #include <vector>
+
+#include "support/temp_dir.h"
 
 namespace kwfy::test {
 
@@ -59,15 +60,6 @@ inline std::vector<std::string> CommandLines(const std::string& command) {
     for (std::string line; std::getline(in, line);)
         if (!line.empty()) lines.push_back(line);
     return lines;
-}
-
-inline std::string ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-inline void WriteBytes(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
 // A value read back from SQLite; a blob is a vector so it differs from text.

@@ -49,6 +49,8 @@ TEST_F(ScriptHostTest, FailingStatementsPrintErrorsAndTheScriptGoesOn) {
     EXPECT_EQ(host.Failures(), 4);
 }
 
+// The usage errors of every kind of argument are in the golden script
+// script_language.
 TEST_F(ScriptHostTest, BoundOperationsConvertArgumentsAndApplyDefaults) {
     bind_detail::Add<std::string, int16_t, const std::string&, bool>(
         host.Statements(), "probe",
@@ -62,16 +64,8 @@ TEST_F(ScriptHostTest, BoundOperationsConvertArgumentsAndApplyDefaults) {
     } cases[] = {
         {"probe -3 \"a b\"", "= -3|a b|True"},
         {"probe 7 x false", "= 7|x|False"},
-        {"probe", "error usage: probe INT16 TEXT [True|False] (expects 2 to 3 argument(s), got 0)"},
         {"probe 1 x True extra",
          "error usage: probe INT16 TEXT [True|False] (expects 2 to 3 argument(s), got 4)"},
-        {"probe 1e2 x",
-         "error usage: probe INT16 TEXT [True|False] (argument 1 \"1e2\" is not a valid INT16)"},
-        {"probe 40000 x",
-         "error usage: probe INT16 TEXT [True|False] (argument 1 \"40000\" is not a valid INT16)"},
-        {"probe 1 x yes",
-         "error usage: probe INT16 TEXT [True|False] (argument 3 \"yes\" is not a valid "
-         "True|False)"},
     };
     for (const auto& c : cases) EXPECT_EQ(Run(c.statement), Lines{c.output}) << c.statement;
 }
@@ -79,9 +73,6 @@ TEST_F(ScriptHostTest, BoundOperationsConvertArgumentsAndApplyDefaults) {
 TEST_F(ScriptHostTest, RegisteringANameTwiceIsRefused) {
     EXPECT_THROW(AddOp("echo", 0, 0, [](Call&) {}), std::logic_error);
     EXPECT_THROW(AddOp("bad", 2, 1, [](Call&) {}), std::logic_error);
-    for (const char* name : {"SetWorkID", "ShowBorder", "GetCellText", "select", "edit", "grid",
-                             "tools", "sql", "sql-exec", "create-db", "answer-dialog"})
-        EXPECT_NE(host.Statements().Find(name), nullptr) << name;
 }
 
 TEST_F(ScriptHostTest, ArrayResultsPrintOneLinePerElement) {
@@ -110,11 +101,6 @@ TEST_F(ScriptHostTest, EventsPrintAndRunTheirHandlers) {
               (Lines{"event AfterEdit", "event ReCalc 1234.56", "event ChangeQFClass 建安费"}));
     EXPECT_EQ(Run("on Loaded echo x"),
               Lines{"error usage: on EVENT [STATEMENT ...] (unknown event Loaded)"});
-}
-
-TEST_F(ScriptHostTest, PopupMenusArePrinted) {
-    AddOp("popup", 0, 0, [](Call& c) { c.Control().Toolbar().ShowPopup("Pop", 10, 20); });
-    EXPECT_EQ(Run("popup"), Lines{"popup Pop"});
 }
 
 TEST_F(ScriptHostTest, SelfTriggeringHandlersStopAtAFixedDepth) {

@@ -2,24 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "kwfy/error.h"
-
 using kwfy::script::QuoteToken;
 using kwfy::script::Tokenize;
 using V = std::vector<std::string>;
 
-TEST(Tokenizer, SplitsOnBlanksAndSkipsComments) {
-    EXPECT_EQ(Tokenize("  SetWorkID\t1  "), (V{"SetWorkID", "1"}));
-    EXPECT_TRUE(Tokenize("").empty());
-    EXPECT_TRUE(Tokenize("   # a comment \"unterminated").empty());
-    EXPECT_EQ(Tokenize("edit 1 7 A#1"), (V{"edit", "1", "7", "A#1"}));
-}
-
-TEST(Tokenizer, QuotedTokensKeepBlanksAndEscapes) {
-    EXPECT_EQ(Tokenize(R"(SetQFClass "建安 费" "" "a\"b\\c")"), (V{"SetQFClass", "建安 费", "", "a\"b\\c"}));
-    EXPECT_THROW(Tokenize(R"(x "open)"), kwfy::Error);
-    EXPECT_THROW(Tokenize(R"(x "bad\n")"), kwfy::Error);
-    EXPECT_THROW(Tokenize(R"(x "a"b)"), kwfy::Error);
+// Quoting, escapes, comments and broken tokens are in the golden script
+// script_language.
+TEST(Tokenizer, HashInsideATokenIsNoComment) {
+    EXPECT_EQ(Tokenize("  edit\t1 7 A#1  "), (V{"edit", "1", "7", "A#1"}));
 }
 
 TEST(Tokenizer, QuoteTokenRoundTrips) {

@@ -20,4 +20,9 @@ private:
     std::string path_;
 };
 
+// The whole content of a file ("" when it cannot be read).
+std::string ReadBytes(const std::string& path);
+// Writes a file holding exactly these bytes, replacing what was there.
+void WriteBytes(const std::string& path, const std::string& bytes);
+
 }  // namespace kwfy::test
