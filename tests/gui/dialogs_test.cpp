@@ -23,6 +23,7 @@
 #include "rates/particular_coefficients.h"
 #include "support/fixtures.h"
 #include "support/temp_dir.h"
+#include "widget_driving.h"
 
 using namespace kwfy;
 using namespace kwfy::test;
@@ -31,24 +32,6 @@ using Strings = std::vector<std::string>;
 namespace {
 
 const char kCategory[] = "建安费";
-
-template <typename W>
-W* Find(QWidget* view, const char* name) {
-    auto* w = view->findChild<W*>(name);
-    if (!w) qFatal("no widget %s", name);
-    return w;
-}
-
-void Click(QWidget* view, const char* button) {
-    QTest::mouseClick(Find<QPushButton>(view, button), Qt::LeftButton);
-}
-
-// Types text key by key, as the user would (keyClicks knows Latin-1 only).
-void Type(QWidget* view, const char* edit, const QString& text) {
-    for (QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, Find<QLineEdit>(view, edit), Qt::Key_unknown, QString(c),
-                            Qt::NoModifier);
-}
 
 std::unique_ptr<QDialog> Show(Dialog& dialog, Ui& ui) {
     auto view = gui::MakeDialogView(dialog, ui, nullptr);

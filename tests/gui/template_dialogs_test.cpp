@@ -22,29 +22,12 @@
 #include "templates/frm_explorer.h"
 #include "templates/frm_fy_add_items.h"
 #include "templates/frm_fy_add_items_user.h"
+#include "widget_driving.h"
 
 using namespace kwfy;
 using namespace kwfy::test;
 
 namespace {
-
-template <typename W>
-W* Find(QWidget* view, const char* name) {
-    auto* w = view->findChild<W*>(name);
-    if (!w) qFatal("no widget %s", name);
-    return w;
-}
-
-void Click(QWidget* view, const char* button) {
-    QTest::mouseClick(Find<QPushButton>(view, button), Qt::LeftButton);
-}
-
-// Types text key by key, as the user would (keyClicks knows Latin-1 only).
-void Type(QWidget* view, const char* edit, const QString& text) {
-    for (QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, Find<QLineEdit>(view, edit), Qt::Key_unknown, QString(c),
-                            Qt::NoModifier);
-}
 
 // Runs `drive` on the modal dialog in front as soon as the dialog about to be
 // run waits for the user. Whatever it leaves open is then cancelled, so that a
