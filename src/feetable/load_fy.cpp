@@ -97,12 +97,16 @@ double ReadFYCoe(db::Database& project, int16_t workId, const std::string& categ
 }
 
 void LoadFY(ControlCore& core) {
+    rates::RateFiles files(core);
+    LoadFY(core, files);
+}
+
+void LoadFY(ControlCore& core, rates::RateFiles& files) {
     BusyCursor cursor(core.ui);
     WorkingState& work = core.work;
     work.FormulaLocked = true;
     work.CurQFClass = core.ctx.QFClass;
 
-    rates::RateFiles files(core);
     db::Database& project = files.Project();
     FillQFClassCombo(core, project, work.CurQFClass);
     work.FYCoe =

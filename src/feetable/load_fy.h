@@ -13,6 +13,9 @@ namespace kwfy::feetable {
 // view and otherwise loads the category the box shows (LoadFYRows).
 // Database failures throw kwfy::Error; the grid keeps what was read.
 void LoadFY(ControlCore& core);
+// The same on files already opened by the caller, so that the load can join a
+// transaction the caller holds on the project database.
+void LoadFY(ControlCore& core, rates::RateFiles& files);
 
 // Loads one category's rows of the node FYNodeID: lays the grid out afresh
 // (condition-mark tools, class columns for a category-wide table), decides

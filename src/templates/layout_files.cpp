@@ -6,6 +6,7 @@
 #include "db/paths.h"
 #include "feetable/load_fy.h"
 #include "rates/frm_fl_model_index.h"
+#include "rates/rate_catalogue.h"
 #include "templates/category_rows.h"
 #include "templates/template_commands.h"
 #include "templates/template_file.h"
@@ -66,14 +67,14 @@ void InputLayout(ControlCore& core) {
     const std::string category = core.work.CurQFClass;
     const FeeRowsFile layout = ReadLayoutRows(*chosen, category);
     {
-        auto project = db::Database::Open(core.ctx.WorkDBFullName);
-        db::Transaction tx(project);
-        ReplaceCategoryRows(project, core.ctx.WorkID, category, layout);
-        tx.Commit();
-    }
-    {
+        // The reload stores the rates it resolves; it joins the replacement's
+        // transaction, so a failure anywhere keeps the old table.
+        rates::RateFiles files(core);
+        db::Transaction tx(files.Project());
+        ReplaceCategoryRows(files.Project(), core.ctx.WorkID, category, layout);
         BusyCursor busy(core.ui);
-        feetable::LoadFY(core);
+        feetable::LoadFY(core, files);
+        tx.Commit();
     }
     core.events.AfterEdit();
 }
